@@ -1,0 +1,17 @@
+# What all of our own targets share: warnings, sanitizers, and includes counted from the root ("core/mduMain.h").
+function(vrb_target target)
+  target_include_directories(${target} PUBLIC ${PROJECT_SOURCE_DIR})
+  if(MSVC)
+    # Texts in the sources are UTF-8.
+    target_compile_options(${target} PRIVATE /utf-8 /W4 /permissive-)
+  else()
+    target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wnon-virtual-dtor)
+    if(VRB_WERROR)
+      target_compile_options(${target} PRIVATE -Werror)
+    endif()
+    if(VRB_SANITIZE)
+      target_compile_options(${target} PRIVATE -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
+      target_link_options(${target} PRIVATE -fsanitize=address,undefined)
+    endif()
+  endif()
+endfunction()
