@@ -1,0 +1,185 @@
+#include "access/views/frmRegister.h"
+
+#include "access/hexText.h"
+#include "platform/ImageList.h"
+#include "platform/look.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+
+namespace {
+
+constexpr int windowWidth = 270;
+constexpr int headingHeight = 22;
+constexpr int rowHeight = 18;
+constexpr int nameLeft = 8;
+constexpr int lineRight = 262;
+
+// Places of the four values of a row. The binary text of the high half begins with a blank.
+struct Place {
+    const char* name;
+    int left;
+    int width;
+};
+constexpr std::array<Place, 4> places{{{"lblValH", 62, 16}, {"lblValL", 78, 16}, {"lblBinH", 106, 78}, {"lblBinL", 188, 74}}};
+
+int topOfRow(int row) {
+    return headingHeight + (row - 1) * rowHeight;
+}
+
+QString textOf(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+QLabel* makeLabel(QWidget* parent, const char* name, const QString& text, const QFont& font, const QRect& place) {
+    auto* label = new QLabel(text, parent);
+    label->setObjectName(name);
+    label->setFont(font);
+    label->setGeometry(place);
+    return label;
+}
+
+}  // namespace
+
+// --- one value -------------------------------------------------------------------------------------------------------
+
+RegisterCell::RegisterCell(const QString& text, QWidget* parent) : QLabel(text, parent) {
+    setFont(look::hexFont(12));
+    setCursor(doubleClickPointer());
+    setFocusPolicy(Qt::StrongFocus);
+    setTextFormat(Qt::PlainText);
+}
+
+void RegisterCell::show(const QString& text, bool red) {
+    setText(text);
+    if (red == red_) {
+        return;
+    }
+    red_ = red;
+    QPalette colours = palette();
+    colours.setColor(QPalette::WindowText, QColor::fromRgb(red ? look::changed : look::unchanged));
+    setPalette(colours);
+}
+
+void RegisterCell::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton) {
+        emit writeWanted();
+    }
+}
+
+void RegisterCell::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+        case Qt::Key_Space: emit writeWanted(); break;
+        case Qt::Key_Up: emit moveWanted(-1, 0); break;
+        case Qt::Key_Down: emit moveWanted(1, 0); break;
+        case Qt::Key_Left: emit moveWanted(0, -1); break;
+        case Qt::Key_Right: emit moveWanted(0, 1); break;
+        default: QLabel::keyPressEvent(event);
+    }
+}
+
+void RegisterCell::paintEvent(QPaintEvent* event) {
+    QLabel::paintEvent(event);
+    if (hasFocus()) {
+        QPainter painter(this);
+        painter.setPen(QColor(0x1c, 0x5f, 0xb0));
+        painter.drawRect(rect().adjusted(0, 1, -1, -2));
+    }
+}
+
+// --- the window ------------------------------------------------------------------------------------------------------
+
+frmRegister::frmRegister(Machine& machine, QWidget* owner) : QWidget(owner, Qt::Tool), machine_(machine) {
+    setObjectName("frmRegister");
+    setWindowTitle("Register Window");
+    setAttribute(Qt::WA_MacAlwaysShowToolWindow);
+    setFixedSize(windowWidth, topOfRow(registerRows + 1) + 2);
+
+    const QFont font = look::hexFont(12);
+    makeLabel(this, "lblReg0", "Reg.", font, {nameLeft, 0, 50, headingHeight});
+    makeLabel(this, "lblVal", "Val.", font, {places[valHigh].left, 0, 40, headingHeight});
+    makeLabel(this, "lblBin", "15---------7-------0", font, {places[binHigh].left, 0, 160, headingHeight});
+    for (int row = 1; row <= registerRows; ++row) {
+        makeRow(row);
+    }
+    connect(&timRegister_, &Timer::timeout, this, [this] {
+        timRegister_Timer(view_);
+        for (int row = 1; row <= lastRegisterRow; ++row) {
+            showRow(row);
+        }
+    });
+    timRegister_.setInterval(1000);
+}
+
+void frmRegister::makeRow(int row) {
+    const QString name = textOf(registerTable[static_cast<std::size_t>(row - 1)].name);
+    QFont bold = look::interfaceFont(12);
+    bold.setBold(true);
+    makeLabel(this, qPrintable(QStringLiteral("lblReg%1").arg(row)), name, bold, {nameLeft, topOfRow(row), 54, rowHeight});
+
+    for (std::size_t column = 0; column < places.size(); ++column) {
+        const bool binary = column >= binHigh;
+        const Half half = column % 2 == 0 ? Half::high : Half::low;
+        const QString blank = column == binHigh ? " " : "";
+        auto* cell = new RegisterCell(blank + (binary ? "0000_0000" : "00"), this);
+        cell->setObjectName(QStringLiteral("%1%2").arg(places[column].name).arg(row));
+        cell->setAccessibleName(QStringLiteral("%1 %2").arg(name, half == Half::high ? "15-8" : "7-0"));
+        cell->setGeometry(places[column].left, topOfRow(row), places[column].width, rowHeight);
+        cells_[static_cast<std::size_t>(row)][column] = cell;
+        connect(cell, &RegisterCell::writeWanted, this,
+                [this, name, row, cell, half] { emit registerWriteWanted(name, row, cell->mapToGlobal(QPoint()).y(), half); });
+        connect(cell, &RegisterCell::moveWanted, this, [this, row, column](int rows, int columns) {
+            const int toRow = std::clamp(row + rows, 1, registerRows);
+            const int toColumn = std::clamp(static_cast<int>(column) + columns, 0, 3);
+            cells_[static_cast<std::size_t>(toRow)][static_cast<std::size_t>(toColumn)]->setFocus();
+        });
+    }
+}
+
+void frmRegister::showRow(int row) {
+    for (const Half half : {Half::high, Half::low}) {
+        const int value = registerByte(machine_, row, half);
+        const bool red = view_.at(row, half).red;
+        Shown& shown = shown_[static_cast<std::size_t>(row)][static_cast<std::size_t>(half)];
+        if (shown.value == value && shown.red == red) {
+            continue;
+        }
+        shown = {value, red};
+        const auto byte = static_cast<std::uint8_t>(value);
+        const QString blank = half == Half::high ? " " : "";
+        cell(row, half == Half::high ? valHigh : valLow).show(textOf(hexText(byte, 2)), red);
+        cell(row, half == Half::high ? binHigh : binLow).show(blank + textOf(byteToBinary(byte)), red);
+    }
+}
+
+void frmRegister::refreshRegisters() {
+    if (!isVisible()) {
+        return;
+    }
+    ::refreshRegisters(machine_, view_);
+    for (int row = 1; row <= lastRegisterRow; ++row) {
+        showRow(row);
+    }
+}
+
+void frmRegister::markRow(int row, bool highRed, bool lowRed) {
+    colourRow(view_, row, highRed, lowRed);
+    showRow(row);
+}
+
+void frmRegister::closeEvent(QCloseEvent* /*event*/) {
+    emit closed();
+}
+
+void frmRegister::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    painter.fillRect(rect(), Qt::white);
+    painter.fillRect(0, 0, width(), headingHeight, QColor(0xe4, 0xea, 0xe7));
+    painter.setPen(QColor(0xd0, 0xd9, 0xd4));
+    painter.drawLine(nameLeft, headingHeight - 1, lineRight, headingHeight - 1);
+    for (int row = 2; row <= registerRows; row += 2) {
+        painter.fillRect(0, topOfRow(row), width(), rowHeight, QColor::fromRgb(look::zebra));
+    }
+}

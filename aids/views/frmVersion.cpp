@@ -1,0 +1,209 @@
+#include "aids/views/frmVersion.h"
+
+#include "aids/progressLine.h"
+#include "platform/ImageList.h"
+#include "platform/look.h"
+#include "platform/screen.h"
+
+#include <QEvent>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace {
+
+constexpr int seconds = 3;
+constexpr QSize panelSize{524, 476};
+constexpr int lineHeight = 22;
+constexpr int progressFont = 14;
+constexpr int progressWidth = progressFont * progressPlaces;
+
+enum class Style { product, version, subtitle, text, alarm, warning, hint, pointer };
+
+// The texts of the panel: control, text, top and centre or left edge.
+struct TextRow {
+    const char* name;
+    const char* text;
+    int top;
+    Style style;
+    int left = 0;  // 0: centered
+};
+
+constexpr std::array<TextRow, 15> textRows{{
+    {"Label1_0", "VRB-TS", 112, Style::product},
+    {"lblVer", "Ver,2.00", 130, Style::version, 356},
+    {"Label2_0", "Varel Bus Network 体験シミュレーター", 156, Style::subtitle},
+    {"Label2_1", "このシステムは、QDA60を搭載するボードをシミュレートし、　", 186, Style::text},
+    {"Label2_2", "Varel Bus Network と QDA60,41,52,73 の機能を体験できます。", 208, Style::text},
+    {"Label2_3", "（マウスを移動させてポインタに応じた操作ができます。）", 236, Style::text},
+    {"Label2_4", "左クリックで操作できます。", 262, Style::pointer, 176},
+    {"Label2_5", "左ダブルクリックで操作できます。", 290, Style::pointer, 176},
+    {"Label2_6", "警告！", 324, Style::alarm, 40},
+    {"Label2_7", "シミュレーションの実行マシンによって速度が異なります。", 320, Style::warning, 110},
+    {"Label2_8", "実際のシステムは本シミュレータよりも格段に高速です。", 340, Style::warning, 110},
+    {"Label2_9", "本シミュレータは、学習と疑似体験用に開発されたのもで、", 360, Style::warning, 110},
+    {"Label3", "はじめての方、使い方を知りたい方は、", 394, Style::hint, 44},
+    {"Label4", "右上の \"Navigator\" をダブルクリック ! ! ", 394, Style::hint, 278},
+    {nullptr, nullptr, 0, Style::text},
+}};
+
+QFont fontOf(Style style) {
+    QFont font = style == Style::product ? look::interfaceFont(34) : look::textFont(14);
+    switch (style) {
+        case Style::product:
+        case Style::alarm: font.setBold(true); break;
+        case Style::version: font = look::interfaceFont(12); break;
+        case Style::subtitle: font = look::textFont(18); break;
+        case Style::hint: font = look::textFont(13); break;
+        default: break;
+    }
+    if (style == Style::alarm) {
+        font.setPixelSize(18);
+    }
+    return font;
+}
+
+const char* colourOf(Style style) {
+    switch (style) {
+        case Style::product: return "color: #1f7348;";
+        case Style::alarm: return "color: #c4251a;";
+        case Style::hint: return "color: #174a8c;";
+        default: return "color: #1d2a30;";
+    }
+}
+
+}  // namespace
+
+frmVersion::frmVersion(const Machine& machine) : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint), machine_(machine) {
+    setObjectName("frmVersion");
+    setWindowTitle("VRB-TS");
+    setWindowFlag(Qt::WindowStaysOnTopHint);
+    setFixedSize(panelSize);
+    setFocusPolicy(Qt::StrongFocus);
+    makeTexts();
+    makeProgress();
+    timTimer_.setEnabled(false);
+    connect(&timTimer_, &Timer::timeout, this, &frmVersion::timTimer_Timer);
+}
+
+void frmVersion::makeTexts() {
+    for (const TextRow& row : textRows) {
+        if (row.name == nullptr) {
+            continue;
+        }
+        auto* label = new QLabel(row.text, this);
+        label->setObjectName(row.name);
+        label->setFont(fontOf(row.style));
+        label->setStyleSheet(colourOf(row.style));
+        label->setTextFormat(Qt::PlainText);
+        label->adjustSize();
+        label->move(row.left != 0 ? row.left : (width() - label->width()) / 2, row.top);
+    }
+    const ImageList pointers("ilsMouse");
+    for (int number = 1; number <= 2; ++number) {
+        auto* picture = new QLabel(this);
+        picture->setObjectName(QStringLiteral("Picture1_%1").arg(number - 1));
+        picture->setPixmap(pointers.image(number, devicePixelRatioF()));
+        picture->setGeometry(138, 256 + 28 * (number - 1), 32, 32);
+    }
+}
+
+void frmVersion::makeProgress() {
+    picProgress_ = new QWidget(this);
+    picProgress_->setObjectName("picProgress");
+    picProgress_->setGeometry((width() - progressWidth) / 2, 430, progressWidth, lineHeight + 2);
+    const std::array<const char*, 2> colours{"background: #ffffcc; color: black;", "background: #1c4fc0; color: white;"};
+    for (std::size_t index = 0; index < colours.size(); ++index) {
+        lblProcess_[index] = new QLabel(picProgress_);
+        lblProcess_[index]->setObjectName(QStringLiteral("lblProcess%1").arg(index));
+        lblProcess_[index]->setFont(look::columnFont(progressFont));
+        lblProcess_[index]->setStyleSheet(colours[index]);
+        lblProcess_[index]->setGeometry(0, 0, progressWidth, lineHeight);
+        lblProcess_[index]->hide();
+    }
+    lblProcess_[0]->setText("実システムと、速度や詳細動作において異なる場合があります。");
+}
+
+void frmVersion::showProcess() {
+    lblProcess_[1]->resize(0, lineHeight);
+    lblProcess_[0]->show();
+    lblProcess_[1]->show();
+}
+
+void frmVersion::showProgress(const QString& text) {
+    const std::u16string line = progressLine(text.toStdU16String());
+    for (QLabel* label : lblProcess_) {
+        label->setText(QString::fromStdU16String(line));
+    }
+    progressStep_ = nextProgressStep(progressStep_);
+    lblProcess_[1]->resize(progressBarWidth(lblProcess_[0]->width(), progressStep_), lineHeight);
+    repaint();
+}
+
+void frmVersion::open() {
+    move(usableScreen(QPoint()).center() - QPoint(width() / 2, height() / 2));
+    show();
+    raise();
+    activateWindow();
+    startSeconds();  // where the desktop doesn't activate a panel, the showing counts
+}
+
+void frmVersion::startSeconds() {
+    versionSeconds_ = seconds;
+    timTimer_.setInterval(1000);
+    timTimer_.setEnabled(true);
+    if (machine_.startupDone) {
+        picProgress_->hide();
+    }
+}
+
+bool frmVersion::event(QEvent* event) {
+    if (event->type() == QEvent::WindowActivate) {
+        startSeconds();
+    }
+    return QWidget::event(event);
+}
+
+void frmVersion::timTimer_Timer() {
+    if (--versionSeconds_ < 1) {
+        hideVersion();
+    }
+}
+
+void frmVersion::hideVersion() {
+    if (!machine_.startupDone) {
+        timTimer_.setInterval(500);  // look again soon
+        return;
+    }
+    picProgress_->hide();
+    timTimer_.setEnabled(false);
+    hide();
+    emit closed();
+}
+
+void frmVersion::mousePressEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton) {
+        hideVersion();
+    }
+}
+
+void frmVersion::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape || event->key() == Qt::Key_Return || event->key() == Qt::Key_Space) {
+        hideVersion();
+    }
+}
+
+void frmVersion::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    painter.fillRect(rect(), QColor(0xdf, 0xf5, 0xdf));
+    painter.fillRect(0, 0, width(), 8, QColor::fromRgb(look::brandGreen));
+    const QPixmap logo = ImageList("picLogo").image(1, devicePixelRatioF());
+    const QSizeF logoSize = logo.deviceIndependentSize();
+    painter.drawPixmap(QPointF((width() - logoSize.width()) / 2, 14), logo);
+    painter.setPen(QColor(0xd9, 0xa7, 0x2b));
+    painter.setBrush(QColor(0xff, 0xf8, 0xdc));
+    painter.drawRoundedRect(QRectF(24.5, 315.5, width() - 49, 68), 4, 4);
+    painter.setPen(QColor::fromRgb(look::brandGreen));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+}

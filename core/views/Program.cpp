@@ -1,0 +1,264 @@
+#include "core/views/Program.h"
+
+#include "access/views/frmEditRegister.h"
+#include "access/views/frmRegister.h"
+#include "aids/views/frmDialog.h"
+#include "aids/views/frmMessage.h"
+#include "aids/views/frmVersion.h"
+#include "boards/boardSet.h"
+#include "config/settings.h"
+#include "core/views/frmMDI.h"
+#include "platform/screen.h"
+#include "platform/twips.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QDateTime>
+
+namespace {
+
+constexpr QPoint registerPlace{twips(6600), twips(1100)};
+constexpr std::uint8_t firstScanLastAddress = 4;
+
+// Where the write dialog stands beside the register window, and when it moves up.
+constexpr int dialogBelow = twips(700);
+constexpr int dialogRight = twips(500);
+constexpr int dialogFoot = twips(2700);
+constexpr int dialogAbove = twips(300);
+
+// The main window is made for a screen of 1280 x 1024 and takes a smaller one whole.
+constexpr QSize mainSize{1280, 994};
+
+std::uint64_t dateNumber() {
+    return QDateTime::currentDateTime().toString("yyyyMMddhhmmss").toULongLong();
+}
+
+}  // namespace
+
+Program::Program(std::filesystem::path folder) : folder_(std::move(folder)) {}
+
+Program::~Program() = default;
+
+// --- start ---------------------------------------------------------------------------------------------------------------
+
+void Program::Main() {
+    addStartSteps();
+    runNextStep();
+}
+
+void Program::runNextStep() {
+    if (steps_.empty()) {
+        emit started();
+        return;
+    }
+    const std::function<void()> step = std::move(steps_.front());
+    steps_.pop_front();
+    step();
+    QMetaObject::invokeMethod(this, &Program::runNextStep, Qt::QueuedConnection);
+}
+
+void Program::addStartSteps() {
+    steps_.push_back([this] {
+        readSettings(machine_, folder_);
+        frmVersion_ = std::make_unique<frmVersion>(machine_);
+        connect(frmVersion_.get(), &frmVersion::closed, this, [this] { frmVersion_.release()->deleteLater(); });
+        frmVersion_->showProcess();
+        frmVersion_->open();
+    });
+    steps_.push_back([this] { openSound(); });
+    addLoadSteps();
+    steps_.push_back([this] {
+        machine_.startupDone = true;
+        resetRegisters(machine_);
+        refreshAll();
+        // The first tick after this starts a continuous scan.
+        machine_.chipMemory[reg::scrLow] = firstScanLastAddress;
+    });
+}
+
+void Program::addLoadSteps() {
+    const auto step = [this](const char* message, std::function<void()> load) {
+        steps_.push_back([this, message, load = std::move(load)] {
+            frmVersion_->showProgress(message);
+            load();
+        });
+    };
+    const auto nothingYet = [] {};
+    step("メインウィンドウロード中です。", [this] { loadMain(); });
+    step("ハードウェアウィンドウロード中です。", [this] { setUpBench(machine_); });
+    step("レジスタウィンドウロード中です。", [this] { loadRegister(); });
+    step("メモリウィンドウロード中です。", nothingYet);
+    step("メモリウィンドウロード中です。", nothingYet);
+    step("メモリウィンドウロード中です。", nothingYet);
+    step("メモリ処理中です。", [this] { fillMemory(); });
+    step("レジスタヒントウィンドウロード中です。", nothingYet);
+}
+
+void Program::loadMain() {
+    frmMDI_ = std::make_unique<frmMDI>(machine_);
+    connect(frmMDI_.get(), &frmMDI::toolActivated, this, &Program::activateTool);
+    connect(frmMDI_.get(), &frmMDI::refreshWanted, this, &Program::refreshAll);
+    connect(frmMDI_.get(), &frmMDI::beepWanted, this, &Program::playBeep);
+    connect(frmMDI_.get(), &frmMDI::quitConfirmed, this, &Program::quitProgram);
+
+    frmMessage_ = std::make_unique<frmMessage>(frmMDI_.get());
+    frmDialog_ = std::make_unique<frmDialog>(frmMDI_.get());
+    connect(frmDialog_.get(), &frmDialog::appeared, this, &Program::playBeep);
+    frmEditRegister_ = std::make_unique<frmEditRegister>(machine_, frmMDI_.get());
+    connect(frmEditRegister_.get(), &frmEditRegister::written, this, &Program::refreshAll);
+    connect(frmEditRegister_.get(), &frmEditRegister::answered, this,
+            [this](const Answer& answer) { say(*frmEditRegister_, answer); });
+    connect(frmEditRegister_.get(), &frmEditRegister::rowMarked, this, [this](int row, bool high, bool low) {
+        if (frmRegister_ != nullptr) {
+            frmRegister_->markRow(row, high, low);
+        }
+    });
+
+    const QRect screen = usableScreen(QPoint());
+    const bool fits = screen.width() > mainSize.width() && screen.height() > mainSize.height();
+    frmMDI_->resize(fits ? mainSize : screen.size());
+    frmMDI_->move(screen.topLeft());
+    if (fits) {
+        frmMDI_->show();
+    } else {
+        frmMDI_->showMaximized();
+    }
+    frmVersion_->raise();
+}
+
+void Program::loadRegister() {
+    if (machine_.openWindowDefault[1] != 0) {
+        openRegisterWindow();
+    }
+}
+
+void Program::fillMemory() {
+    if (machine_.memoryClearDefault != 0) {
+        clearMemory(machine_);
+    } else {
+        randomizeMemory(machine_, dateNumber());
+    }
+    positionWindows();
+}
+
+void Program::positionWindows() {
+    if (frmRegister_ != nullptr) {
+        placeWindow(*frmRegister_, fromMain(registerPlace));
+    }
+}
+
+QPoint Program::fromMain(QPoint place) const {
+    return frmMDI_->frameGeometry().topLeft() + place;
+}
+
+void Program::openSound() {
+    machine_.soundAvailable = sound_.open(QString::fromStdString((folder_ / "BEEP.WAV").string()));
+}
+
+// --- end -----------------------------------------------------------------------------------------------------------------
+
+void Program::quitProgram() {
+    steps_.clear();
+    frmDialog_.reset();
+    frmMessage_.reset();
+    frmEditRegister_.reset();
+    frmRegister_.reset();
+    frmVersion_.reset();
+    frmMDI_->hide();
+    frmMDI_.release()->deleteLater();  // its own question is still on the way back from the answer
+    emit finished();
+}
+
+// --- the tool strip --------------------------------------------------------------------------------------------------------
+
+void Program::activateTool(Tool tool) {
+    switch (tool) {
+        case Tool::registerWindow: showRegisterWindow(); break;
+        case Tool::version: openVersion(); break;
+        case Tool::memoryWindow:
+        case Tool::registerHint:
+        case Tool::navigator:
+        case Tool::defaultSet: break;  // these windows are still to be built
+    }
+}
+
+void Program::showRegisterWindow() {
+    if (frmRegister_ != nullptr) {
+        QApplication::beep();
+        frmRegister_->activateWindow();
+        return;
+    }
+    openRegisterWindow();
+}
+
+void Program::openRegisterWindow() {
+    frmRegister_ = std::make_unique<frmRegister>(machine_, frmMDI_.get());
+    connect(frmRegister_.get(), &frmRegister::closed, this, &Program::unloadRegisterWindow);
+    connect(frmRegister_.get(), &frmRegister::registerWriteWanted, this, &Program::openRegisterWrite);
+    positionWindows();
+    frmRegister_->show();
+    frmRegister_->refreshRegisters();
+    frmMDI_->label(Tool::registerWindow).setWindowOpen(true);
+}
+
+void Program::unloadRegisterWindow() {
+    frmRegister_.release()->deleteLater();
+    frmMDI_->label(Tool::registerWindow).setWindowOpen(false);
+}
+
+void Program::openVersion() {
+    if (frmVersion_ == nullptr) {
+        frmVersion_ = std::make_unique<frmVersion>(machine_);
+        connect(frmVersion_.get(), &frmVersion::closed, this, [this] { frmVersion_.release()->deleteLater(); });
+    }
+    frmVersion_->open();
+}
+
+// --- what the windows ask for ------------------------------------------------------------------------------------------------
+
+void Program::refreshAll() {
+    if (frmRegister_ != nullptr) {
+        frmRegister_->refreshRegisters();
+    }
+}
+
+void Program::openRegisterWrite(const QString& name, int row, int top, Half half) {
+    const Answer refusal = registerWriteRefusal(machine_, row);
+    if (const auto* refused = std::get_if<Popup>(&refusal)) {
+        popupAtPointer(QString::fromStdString(refused->text));
+        return;
+    }
+    const int left = frmRegister_->frameGeometry().left() + dialogRight;
+    const QRect screen = usableScreen(QPoint(left, top));
+    int dialogTop = top + dialogBelow;
+    if (dialogTop > screen.bottom() + 1 - dialogFoot) {
+        dialogTop -= frmEditRegister_->height() + dialogAbove;
+    }
+    frmMessage_->hide();
+    frmEditRegister_->openFor(name, row, half, keptOnScreen({{left, dialogTop}, frmEditRegister_->size()}).topLeft());
+}
+
+void Program::say(const QWidget& form, const Answer& answer) {
+    if (const auto* notice = std::get_if<Popup>(&answer)) {
+        popupAtForm(form, QString::fromStdString(notice->text));
+    } else if (const auto* warning = std::get_if<Warning>(&answer)) {
+        frmDialog_->warningDialog(*warning);
+    }
+}
+
+void Program::popupAtPointer(const QString& text) {
+    popup(text, QCursor::pos());
+}
+
+void Program::popupAtForm(const QWidget& form, const QString& text) {
+    popup(text, form.frameGeometry().topLeft());
+}
+
+void Program::popup(const QString& text, QPoint point) {
+    playBeep();
+    frmMessage_->popup(text, point);
+}
+
+void Program::playBeep() {
+    sound_.playBeep();
+}

@@ -1,0 +1,98 @@
+// The program: owns the one machine and one of each window, brings them up step by step, and wires what one window asks of
+// another. Windows don't know each other; whatever goes from one to the next stands here.
+//
+//   gesture -> window -> rule of the model -> machine -> answer -> window says it, refreshAll()
+//   timTick -> simulationTick x 67 -> refreshAll()
+
+#pragma once
+
+#include "access/registers.h"
+#include "core/answer.h"
+#include "core/mduMain.h"
+#include "platform/Sound.h"
+
+#include <QObject>
+#include <QPoint>
+
+#include <deque>
+#include <filesystem>
+#include <functional>
+#include <memory>
+
+class frmDialog;
+class frmEditRegister;
+class frmMDI;
+class frmMessage;
+class frmOsiro;
+class frmRegister;
+class frmVersion;
+enum class Tool;
+
+class Program : public QObject {
+    Q_OBJECT
+
+public:
+    // `folder` holds the settings file and the sound.
+    explicit Program(std::filesystem::path folder);
+    ~Program() override;
+
+    // Starts the program: a list of steps, one per turn of the event loop. `started` comes after the last one.
+    void Main();
+
+    // The operations that more than one window asks for.
+    void popupAtPointer(const QString& text);
+    void popupAtForm(const QWidget& form, const QString& text);
+    void playBeep();
+    // Register and memory windows, from the machine.
+    void refreshAll();
+    void openRegisterWrite(const QString& name, int row, int top, Half half);
+    // Says what a rule answered: a popup at the form, or a warning.
+    void say(const QWidget& form, const Answer& answer);
+
+    Machine& machine() { return machine_; }
+    // The windows that exist; a window that is not loaded is null.
+    frmMDI* mainWindow() { return frmMDI_.get(); }
+    frmRegister* registerWindow() { return frmRegister_.get(); }
+    frmEditRegister* registerDialog() { return frmEditRegister_.get(); }
+    frmMessage* message() { return frmMessage_.get(); }
+    frmDialog* dialog() { return frmDialog_.get(); }
+    frmVersion* versionPanel() { return frmVersion_.get(); }
+
+signals:
+    void started();
+    // Every window is gone: the program may end.
+    void finished();
+
+private:
+    void addStartSteps();
+    void addLoadSteps();
+    void runNextStep();
+    void loadMain();
+    void loadRegister();
+    void fillMemory();
+    void positionWindows();
+    void openSound();
+    void quitProgram();
+
+    void activateTool(Tool tool);
+    void openRegisterWindow();
+    void showRegisterWindow();
+    void unloadRegisterWindow();
+    void openVersion();
+    void popup(const QString& text, QPoint point);
+    // A place counted from the main window's own top left corner.
+    QPoint fromMain(QPoint place) const;
+
+    std::filesystem::path folder_;
+    Machine machine_;
+    Sound sound_;
+    std::deque<std::function<void()>> steps_;
+
+    // The main window comes first and goes last: it owns the others on the screen.
+    std::unique_ptr<frmMDI> frmMDI_;
+    std::unique_ptr<frmVersion> frmVersion_;
+    std::unique_ptr<frmRegister> frmRegister_;
+    std::unique_ptr<frmEditRegister> frmEditRegister_;
+    std::unique_ptr<frmMessage> frmMessage_;
+    std::unique_ptr<frmDialog> frmDialog_;
+};

@@ -1,0 +1,201 @@
+#include "core/views/frmMDI.h"
+
+#include "platform/ImageList.h"
+#include "platform/look.h"
+
+#include <QButtonGroup>
+#include <QCloseEvent>
+#include <QDateTime>
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMdiArea>
+#include <QMessageBox>
+#include <QVBoxLayout>
+
+namespace {
+
+struct ToolRow {
+    const char* name;
+    const char* caption;
+    ToolLabel::Gesture gesture;
+};
+
+// By Tool.
+constexpr std::array<ToolRow, toolCount> toolRows{{
+    {"lblRegisterWindow", "Register Window", ToolLabel::Gesture::click},
+    {"lblMemoryWindow", "Memory Window", ToolLabel::Gesture::click},
+    {"lblRegisterHint", "Register Hint", ToolLabel::Gesture::click},
+    {"lblNagigator", "Navigator", ToolLabel::Gesture::doubleClick},
+    {"lblDefault", "Simurator Default Set", ToolLabel::Gesture::click},
+    {"lblVersion", "Version", ToolLabel::Gesture::click},
+}};
+
+// The strip with its line at the foot; the modes stand on a grid of 51 pixels, above the track of the tick bar.
+constexpr int stripHeight = 45;
+constexpr int modePitch = 51;
+constexpr int tickBarHeight = 4;
+constexpr int strokeGap = 14;
+
+QFrame* makeDivider(QWidget* parent) {
+    auto* line = new QFrame(parent);
+    line->setFixedSize(1, 28);
+    line->setStyleSheet(QStringLiteral("background: #c3cfc9;"));
+    return line;
+}
+
+}  // namespace
+
+frmMDI::frmMDI(Machine& machine) : machine_(machine) {
+    setObjectName("frmMDI");
+    setWindowTitle("VRB-TS");
+    setWindowIcon(ImageList("appIcon").image(1, 3));
+
+    area_ = new QMdiArea(this);
+    area_->setBackground(QColor::fromRgb(look::workspace));
+    area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    area_->setFrameShape(QFrame::NoFrame);
+
+    auto* face = new QWidget(this);
+    auto* column = new QVBoxLayout(face);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(makeToolBox());
+    column->addWidget(area_, 1);
+    setCentralWidget(face);
+
+    connect(&timTick_, &Timer::timeout, this, &frmMDI::timTick_Timer);
+    timTick_.setInterval(runModes[modeRun].interval);
+    lblRunMode(modeRun).setChecked(true);
+    showTickBar();
+}
+
+ToolLabel* frmMDI::makeLabel(Tool tool) {
+    const ToolRow& row = toolRows[static_cast<std::size_t>(tool)];
+    auto* label = new ToolLabel(row.caption, row.gesture, this);
+    label->setObjectName(row.name);
+    connect(label, &ToolLabel::activated, this, [this, tool] { emit toolActivated(tool); });
+    labels_[static_cast<std::size_t>(tool)] = label;
+    return label;
+}
+
+QWidget* frmMDI::makeToolBox() {
+    auto* strip = new QWidget(this);
+    strip->setObjectName("ToolBox");
+    strip->setFixedHeight(stripHeight);
+    auto* row = new QHBoxLayout(strip);
+    row->setContentsMargins(8, 0, 8, 0);
+    row->setSpacing(6);
+    row->addWidget(makeLabel(Tool::registerWindow));
+    row->addWidget(makeLabel(Tool::memoryWindow));
+    row->addWidget(makeLabel(Tool::registerHint));
+    row->addSpacing(strokeGap - 6);
+    row->addWidget(makeDivider(strip));
+    row->addSpacing(strokeGap - 6);
+    row->addWidget(makeRunModes());
+    row->addSpacing(strokeGap - 6);
+    row->addWidget(makeDivider(strip));
+    row->addSpacing(strokeGap - 6);
+    row->addWidget(makeLabel(Tool::defaultSet));
+    row->addWidget(makeLabel(Tool::version));
+    row->addStretch(1);
+    row->addWidget(makeLabel(Tool::navigator));
+    label(Tool::navigator).setProperty("tinted", true);
+    return strip;
+}
+
+QWidget* frmMDI::makeRunModes() {
+    auto* box = new QWidget(this);
+    box->setFixedSize(static_cast<int>(runModes.size()) * modePitch, stripHeight - 1);
+    auto* heading = new QLabel("Simurator Mode", box);
+    heading->setObjectName("lblSimulationTick");
+    heading->setFont(look::interfaceFont(11));
+    heading->setGeometry(0, 1, box->width(), 15);
+
+    auto* modes = new QButtonGroup(this);
+    for (std::size_t index = 0; index < runModes.size(); ++index) {
+        const auto caption = runModes[index].caption;
+        auto* label = new ToolLabel(QString::fromUtf8(caption.data(), static_cast<qsizetype>(caption.size())),
+                                    ToolLabel::Gesture::click, box);
+        label->setObjectName(QStringLiteral("lblRunMode%1").arg(index));
+        label->setProperty("runMode", true);
+        label->setFont(look::interfaceFont(11));
+        label->setCheckable(true);
+        label->setGeometry(static_cast<int>(index) * modePitch, 17, modePitch - 2, 20);
+        modes->addButton(label);
+        lblRunMode_[index] = label;
+        connect(label, &ToolLabel::activated, this, [this, index] { lblRunMode_Click(static_cast<int>(index)); });
+        connect(label, &ToolLabel::mouseUp, this, &frmMDI::lblRunMode_MouseUp);
+    }
+
+    auto* track = new QFrame(box);
+    track->setGeometry(0, 39, tickTrackWidth, tickBarHeight);
+    track->setStyleSheet("background: #c9d4ce; border-radius: 2px;");
+    shpTick_ = new QFrame(track);
+    shpTick_->setObjectName("shpTick");
+    shpTick_->setStyleSheet("background: #1f7348; border-radius: 2px;");
+    return box;
+}
+
+void frmMDI::lblRunMode_Click(int index) {
+    lblRunMode(index).setChecked(true);
+    emit runModeClicked();
+    const Firing firing = ::lblRunMode_Click(machine_, tickBar_, index);
+    timTick_.setInterval(runModes[static_cast<std::size_t>(index)].interval);
+    follow(firing);
+    showTickBar();
+}
+
+void frmMDI::lblRunMode_MouseUp() {
+    if (machine_.runMode == modeOneTime) {
+        timTick_Timer();
+    }
+}
+
+void frmMDI::timTick_Timer() {
+    machine_.systemTimer = static_cast<std::uint64_t>(QDateTime::currentMSecsSinceEpoch());
+    follow(::timTick_Timer(machine_, tickBar_));
+}
+
+void frmMDI::follow(const Firing& firing) {
+    if (firing.beep) {
+        emit beepWanted();
+    }
+    if (firing.ticked) {
+        showTickBar();
+    }
+    if (firing.refresh) {
+        emit refreshWanted();
+    }
+}
+
+void frmMDI::showTickBar() {
+    shpTick_->setGeometry(tickBar_.left, 0, tickBar_.width, tickBarHeight);
+}
+
+void frmMDI::closeEvent(QCloseEvent* event) {
+    // The window never closes by itself: the answer to the question ends the program.
+    event->ignore();
+    MDIForm_QueryUnload();
+}
+
+void frmMDI::MDIForm_QueryUnload() {
+    if (exitQuestion_ != nullptr) {
+        exitQuestion_->raise();
+        exitQuestion_->activateWindow();
+        return;
+    }
+    exitQuestion_ = new QMessageBox(QMessageBox::Question, "VRBTS終了確認", "アプリケーションを終了します。よろしいですか？",
+                                    QMessageBox::Ok | QMessageBox::Cancel, this);
+    exitQuestion_->setObjectName("exitQuestion");
+    exitQuestion_->setAttribute(Qt::WA_DeleteOnClose);
+    exitQuestion_->setFont(look::textFont(14));
+    exitQuestion_->setIconPixmap(ImageList("picQuestion").image(1, devicePixelRatioF()));
+    connect(exitQuestion_, &QMessageBox::finished, this, [this](int answer) {
+        if (answer == QMessageBox::Ok) {
+            emit quitConfirmed();
+        }
+    });
+    exitQuestion_->open();
+}

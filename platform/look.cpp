@@ -1,0 +1,91 @@
+#include "platform/look.h"
+
+#include <QApplication>
+#include <QPalette>
+#include <QStyleFactory>
+
+namespace look {
+
+namespace {
+
+// The first family of a list that the desktop has is taken: Debian's first, then those of Windows and macOS.
+QFont fontOf(const QStringList& families, int pixelSize, bool fixed = false) {
+    QFont font;
+    font.setFamilies(families);
+    font.setPixelSize(pixelSize);
+    if (fixed) {
+        font.setStyleHint(QFont::Monospace);
+        font.setFixedPitch(true);
+    }
+    return font;
+}
+
+constexpr const char* styleSheet = R"(
+    QMainWindow, QDialog, #frmRegister { background: #eef2f0; }
+    QWidget#ToolBox { background: #e4eae7; border-bottom: 1px solid #c3cfc9; }
+    ToolLabel {
+        background: #fbfdfc; color: #1d2a30; border: 1px solid #a9b8b1; border-radius: 4px; padding: 0 10px;
+        min-height: 26px; max-height: 26px;
+    }
+    ToolLabel:hover { background: #e4f1e9; border-color: #1f7348; }
+    ToolLabel:pressed { background: #cfe4d8; }
+    ToolLabel:focus { border: 2px solid #1c5fb0; padding: 0 9px; min-height: 24px; max-height: 24px; }
+    ToolLabel[windowOpen="true"] { border-bottom: 3px solid #1f7348; min-height: 24px; max-height: 24px; }
+    ToolLabel[tinted="true"] { background: #d9efe1; border-color: #9ccab2; font-weight: bold; }
+    ToolLabel[runMode="true"] {
+        background: #ffffc0; border: 1px solid #b9ab72; border-radius: 4px; padding: 0;
+        min-height: 18px; max-height: 18px; min-width: 47px; max-width: 47px;
+    }
+    ToolLabel[runMode="true"]:focus {
+        border: 2px solid #1c5fb0; min-height: 16px; max-height: 16px; min-width: 45px; max-width: 45px;
+    }
+    ToolLabel[runMode="true"]:checked {
+        background: #ffa080; border: 2px solid #a8481f; font-weight: bold;
+        min-height: 16px; max-height: 16px; min-width: 45px; max-width: 45px;
+    }
+    ToolLabel[runMode="true"]:checked:focus { border-color: #1c5fb0; }
+    QPushButton[dialogButton="true"] {
+        background: #fbfdfc; border: 1px solid #8fa098; border-radius: 4px; min-width: 74px; min-height: 24px;
+    }
+    QPushButton[dialogButton="true"]:default { background: #d9efe1; border-color: #1f7348; font-weight: bold; }
+    QPushButton[dialogButton="true"]:hover { border-color: #1f7348; }
+    QPushButton[dialogButton="true"]:pressed { background: #c3dccf; }
+    QPushButton[dialogButton="true"]:focus { border: 2px solid #1c5fb0; min-width: 72px; min-height: 22px; }
+    QToolTip { background: #ffffcc; color: #1d2a30; border: 1px solid #8a7a2a; padding: 2px 4px; }
+)";
+
+}  // namespace
+
+QFont interfaceFont(int pixelSize) {
+    return fontOf({"DejaVu Sans", "Segoe UI", "Helvetica Neue", "IPAPGothic", "Yu Gothic UI", "Hiragino Sans"}, pixelSize);
+}
+
+QFont textFont(int pixelSize) {
+    return fontOf({"IPAPGothic", "Yu Gothic UI", "Meiryo", "MS PGothic", "Hiragino Sans", "Noto Sans CJK JP"}, pixelSize);
+}
+
+QFont columnFont(int pixelSize) {
+    return fontOf({"IPAGothic", "MS Gothic", "Osaka-Mono", "Noto Sans Mono CJK JP"}, pixelSize, true);
+}
+
+QFont hexFont(int pixelSize) {
+    return fontOf({"DejaVu Sans Mono", "Consolas", "Menlo"}, pixelSize, true);
+}
+
+void applyTo(QApplication& application) {
+    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    QPalette palette;
+    palette.setColor(QPalette::Window, QColor::fromRgb(windowFace));
+    palette.setColor(QPalette::WindowText, QColor::fromRgb(ink));
+    palette.setColor(QPalette::Base, Qt::white);
+    palette.setColor(QPalette::Text, QColor::fromRgb(ink));
+    palette.setColor(QPalette::Button, QColor::fromRgb(toolStrip));
+    palette.setColor(QPalette::ButtonText, QColor::fromRgb(ink));
+    palette.setColor(QPalette::Highlight, QColor::fromRgb(brandGreen));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    QApplication::setPalette(palette);
+    QApplication::setFont(interfaceFont());
+    application.setStyleSheet(styleSheet);
+}
+
+}  // namespace look

@@ -1,0 +1,37 @@
+// The one look of all windows: fonts by use, colours by role.
+
+#pragma once
+
+#include <QColor>
+#include <QFont>
+
+class QApplication;
+
+namespace look {
+
+// Names, buttons, captions.
+QFont interfaceFont(int pixelSize = 12);
+// Japanese running text, proportional.
+QFont textFont(int pixelSize = 13);
+// Japanese text in columns: a full-width character is twice as wide as a half-width one.
+QFont columnFont(int pixelSize = 13);
+// Hexadecimal and bits.
+QFont hexFont(int pixelSize = 13);
+
+inline constexpr QRgb ink = 0xff1d2a30;
+inline constexpr QRgb secondInk = 0xff55636a;
+inline constexpr QRgb brandGreen = 0xff1f7348;
+inline constexpr QRgb workspace = 0xffa9b5b1;
+inline constexpr QRgb toolStrip = 0xffe4eae7;
+inline constexpr QRgb windowFace = 0xffeef2f0;
+inline constexpr QRgb windowLine = 0xff6f7d77;
+inline constexpr QRgb zebra = 0xfff5f8f6;
+inline constexpr QRgb popupFace = 0xffffffcc;
+inline constexpr QRgb popupLine = 0xff8a7a2a;
+inline constexpr QRgb changed = 0xffff0000;
+inline constexpr QRgb unchanged = 0xff000000;
+
+// Palette and style sheet of the program.
+void applyTo(QApplication& application);
+
+}  // namespace look

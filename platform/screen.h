@@ -1,0 +1,16 @@
+// Where a window may stand: wholly on the screen that holds its place, as far as it fits.
+
+#pragma once
+
+#include <QRect>
+
+class QWidget;
+
+// The part of the screen at `point` that windows may use; that of the first screen for a point outside all of them.
+QRect usableScreen(QPoint point);
+
+// `frame` moved by the least that brings it wholly onto the screen at its own middle.
+QRect keptOnScreen(QRect frame);
+
+// Moves a window's frame to `place`, kept on the screen.
+void placeWindow(QWidget& window, QPoint place);
