@@ -17,7 +17,8 @@ std::uint8_t registerByte(const Machine& machine, int row, Half half) {
     if (row > lastRegisterRow) {
         return 0;
     }
-    return machine.chipMemory[static_cast<std::size_t>(registerBase + 2 * (row - 1) + (half == Half::high ? 1 : 0))];
+    const int address = registerBase + 2 * (row - 1) + (half == Half::high ? 1 : 0);
+    return machine.chipMemory[static_cast<std::size_t>(address)];
 }
 
 void refreshRegisters(Machine& machine, RegisterView& view) {

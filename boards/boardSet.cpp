@@ -13,7 +13,7 @@ constexpr std::array<std::string_view, 8> pinPatterns{
 };
 
 void setPinPattern(Machine& machine) {
-    constexpr std::size_t group = 16 * (slotQDA52 - 1);
+    constexpr auto group = std::size_t{16} * (slotQDA52 - 1);
     const auto mode = static_cast<std::size_t>(machine.ios52);
     const std::string_view pattern = pinPatterns[mode < pinPatterns.size() ? mode : 0];
     for (std::size_t bit = 0; bit < pattern.size(); ++bit) {

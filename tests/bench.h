@@ -50,3 +50,27 @@ inline void unplug(Machine& machine, int link) {
 inline void plug(Machine& machine, int link) {
     machine.picBOARD2_RXD[linkConnector[static_cast<std::size_t>(link - 1)]].plugged = true;
 }
+
+inline int byteAt(const Machine& machine, int index) {
+    return machine.chipMemory[static_cast<std::size_t>(index)];
+}
+
+inline void setByte(Machine& machine, int index, int value) {
+    machine.chipMemory[static_cast<std::size_t>(index)] = static_cast<std::uint8_t>(value);
+}
+
+inline void setStatus(Machine& machine, int sa, int statusByte) {
+    setByte(machine, controlBase + 2 * sa + 1, statusByte);
+}
+
+// The switches and signals on the port of a slot, as one word.
+inline void setInput(Machine& machine, int slot, int word) {
+    const auto low = static_cast<std::size_t>(2 * (slot - 1));
+    machine.diImage[low] = static_cast<std::uint8_t>(word);
+    machine.diImage[low + 1] = static_cast<std::uint8_t>(word >> 8);
+}
+
+// The DO word last delivered to a slot.
+inline std::uint32_t latchOf(const Machine& machine, int slot) {
+    return slot == slotQDA52 ? machine.doLatch52 : machine.doLatch[static_cast<std::size_t>(slot)];
+}

@@ -4,6 +4,7 @@
 #include "platform/ImageList.h"
 #include "platform/look.h"
 
+#include <QFontMetricsF>
 #include <QKeyEvent>
 #include <QPainter>
 
@@ -15,13 +16,25 @@ constexpr int rowHeight = 18;
 constexpr int nameLeft = 8;
 constexpr int lineRight = 262;
 
-// Places of the four values of a row. The binary text of the high half begins with a blank.
+// The four values of a row, in characters of the hexadecimal font from the left edge of their column. The binary text of
+// the high half begins with a blank, so that the heading's 15, 7 and 0 stand over their bits.
+constexpr int valueLeft = 62;
+constexpr int binaryLeft = 106;
 struct Place {
     const char* name;
-    int left;
-    int width;
+    int columnLeft;
+    int firstCharacter;
+    int characters;
 };
-constexpr std::array<Place, 4> places{{{"lblValH", 62, 16}, {"lblValL", 78, 16}, {"lblBinH", 106, 78}, {"lblBinL", 188, 74}}};
+constexpr std::array<Place, 4> places{
+    {{"lblValH", valueLeft, 0, 2}, {"lblValL", valueLeft, 2, 2}, {"lblBinH", binaryLeft, 0, 10}, {"lblBinL", binaryLeft, 11, 9}}};
+
+QRect cellPlace(const Place& place, const QFont& font, int top) {
+    const qreal character = QFontMetricsF(font).horizontalAdvance('0');
+    const int left = place.columnLeft + qRound(place.firstCharacter * character);
+    const int right = place.columnLeft + qRound((place.firstCharacter + place.characters) * character);
+    return {left, top, right - left, rowHeight};
+}
 
 int topOfRow(int row) {
     return headingHeight + (row - 1) * rowHeight;
@@ -48,13 +61,17 @@ RegisterCell::RegisterCell(const QString& text, QWidget* parent) : QLabel(text, 
     setCursor(doubleClickPointer());
     setFocusPolicy(Qt::StrongFocus);
     setTextFormat(Qt::PlainText);
+    colour(false);
 }
 
 void RegisterCell::show(const QString& text, bool red) {
     setText(text);
-    if (red == red_) {
-        return;
+    if (red != red_) {
+        colour(red);
     }
+}
+
+void RegisterCell::colour(bool red) {
     red_ = red;
     QPalette colours = palette();
     colours.setColor(QPalette::WindowText, QColor::fromRgb(red ? look::changed : look::unchanged));
@@ -91,7 +108,8 @@ void RegisterCell::paintEvent(QPaintEvent* event) {
 
 // --- the window ------------------------------------------------------------------------------------------------------
 
-frmRegister::frmRegister(Machine& machine, QWidget* owner) : QWidget(owner, Qt::Tool), machine_(machine) {
+frmRegister::frmRegister(Machine& machine, QWidget* owner)
+    : QWidget(owner, Qt::Tool | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint), machine_(machine) {
     setObjectName("frmRegister");
     setWindowTitle("Register Window");
     setAttribute(Qt::WA_MacAlwaysShowToolWindow);
@@ -99,8 +117,8 @@ frmRegister::frmRegister(Machine& machine, QWidget* owner) : QWidget(owner, Qt::
 
     const QFont font = look::hexFont(12);
     makeLabel(this, "lblReg0", "Reg.", font, {nameLeft, 0, 50, headingHeight});
-    makeLabel(this, "lblVal", "Val.", font, {places[valHigh].left, 0, 40, headingHeight});
-    makeLabel(this, "lblBin", "15---------7-------0", font, {places[binHigh].left, 0, 160, headingHeight});
+    makeLabel(this, "lblVal", "Val.", font, {valueLeft, 0, 40, headingHeight});
+    makeLabel(this, "lblBin", "15---------7-------0", font, {binaryLeft, 0, 160, headingHeight});
     for (int row = 1; row <= registerRows; ++row) {
         makeRow(row);
     }
@@ -126,7 +144,7 @@ void frmRegister::makeRow(int row) {
         auto* cell = new RegisterCell(blank + (binary ? "0000_0000" : "00"), this);
         cell->setObjectName(QStringLiteral("%1%2").arg(places[column].name).arg(row));
         cell->setAccessibleName(QStringLiteral("%1 %2").arg(name, half == Half::high ? "15-8" : "7-0"));
-        cell->setGeometry(places[column].left, topOfRow(row), places[column].width, rowHeight);
+        cell->setGeometry(cellPlace(places[column], cell->font(), topOfRow(row)));
         cells_[static_cast<std::size_t>(row)][column] = cell;
         connect(cell, &RegisterCell::writeWanted, this,
                 [this, name, row, cell, half] { emit registerWriteWanted(name, row, cell->mapToGlobal(QPoint()).y(), half); });

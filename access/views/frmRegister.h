@@ -29,6 +29,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    void colour(bool red);
+
     bool red_ = false;
 };
 

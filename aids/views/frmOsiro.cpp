@@ -9,7 +9,8 @@ constexpr int charts = 8;
 
 }  // namespace
 
-frmOsiro::frmOsiro(QWidget* owner) : QWidget(owner, Qt::Tool) {
+frmOsiro::frmOsiro(QWidget* owner)
+    : QWidget(owner, Qt::Tool | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint) {
     setObjectName("frmOsiro");
     setWindowTitle("STB解説");
     setAttribute(Qt::WA_MacAlwaysShowToolWindow);

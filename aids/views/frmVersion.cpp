@@ -22,14 +22,14 @@ enum class Style { product, version, subtitle, text, alarm, warning, hint, point
 
 // The texts of the panel: control, text, top and centre or left edge.
 struct TextRow {
-    const char* name;
-    const char* text;
-    int top;
-    Style style;
+    const char* name = nullptr;
+    const char* text = nullptr;
+    int top = 0;
+    Style style = Style::text;
     int left = 0;  // 0: centered
 };
 
-constexpr std::array<TextRow, 15> textRows{{
+constexpr std::array<TextRow, 14> textRows{{
     {"Label1_0", "VRB-TS", 112, Style::product},
     {"lblVer", "Ver,2.00", 130, Style::version, 356},
     {"Label2_0", "Varel Bus Network 体験シミュレーター", 156, Style::subtitle},
@@ -44,7 +44,6 @@ constexpr std::array<TextRow, 15> textRows{{
     {"Label2_9", "本シミュレータは、学習と疑似体験用に開発されたのもで、", 360, Style::warning, 110},
     {"Label3", "はじめての方、使い方を知りたい方は、", 394, Style::hint, 44},
     {"Label4", "右上の \"Navigator\" をダブルクリック ! ! ", 394, Style::hint, 278},
-    {nullptr, nullptr, 0, Style::text},
 }};
 
 QFont fontOf(Style style) {
@@ -88,9 +87,6 @@ frmVersion::frmVersion(const Machine& machine) : QWidget(nullptr, Qt::SplashScre
 
 void frmVersion::makeTexts() {
     for (const TextRow& row : textRows) {
-        if (row.name == nullptr) {
-            continue;
-        }
         auto* label = new QLabel(row.text, this);
         label->setObjectName(row.name);
         label->setFont(fontOf(row.style));

@@ -58,16 +58,16 @@ void Program::runNextStep() {
 }
 
 void Program::addStartSteps() {
-    steps_.push_back([this] {
+    steps_.emplace_back([this] {
         readSettings(machine_, folder_);
         frmVersion_ = std::make_unique<frmVersion>(machine_);
         connect(frmVersion_.get(), &frmVersion::closed, this, [this] { frmVersion_.release()->deleteLater(); });
         frmVersion_->showProcess();
         frmVersion_->open();
     });
-    steps_.push_back([this] { openSound(); });
+    steps_.emplace_back([this] { openSound(); });
     addLoadSteps();
-    steps_.push_back([this] {
+    steps_.emplace_back([this] {
         machine_.startupDone = true;
         resetRegisters(machine_);
         refreshAll();
@@ -78,7 +78,7 @@ void Program::addStartSteps() {
 
 void Program::addLoadSteps() {
     const auto step = [this](const char* message, std::function<void()> load) {
-        steps_.push_back([this, message, load = std::move(load)] {
+        steps_.emplace_back([this, message, load = std::move(load)] {
             frmVersion_->showProgress(message);
             load();
         });

@@ -64,6 +64,8 @@ frmMDI::frmMDI(Machine& machine) : machine_(machine) {
     column->addWidget(makeToolBox());
     column->addWidget(area_, 1);
     setCentralWidget(face);
+    area_->setFocusPolicy(Qt::StrongFocus);
+    area_->setFocus();  // the labels of the strip wait for Tab
 
     connect(&timTick_, &Timer::timeout, this, &frmMDI::timTick_Timer);
     timTick_.setInterval(runModes[modeRun].interval);

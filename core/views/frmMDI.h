@@ -33,7 +33,7 @@ public:
 
     ToolLabel& label(Tool tool) { return *labels_[static_cast<std::size_t>(tool)]; }
     ToolLabel& lblRunMode(int index) { return *lblRunMode_[static_cast<std::size_t>(index)]; }
-    const Timer& timTick() const { return timTick_; }
+    Timer& timTick() { return timTick_; }
     const TickBar& tickBar() const { return tickBar_; }
     QMdiArea& area() { return *area_; }
 

@@ -1,0 +1,28 @@
+# Sourced by ./run, ./test and the CI: installs the Debian packages that are missing, and says so.
+#
+#     need_packages PACKAGE...
+
+need_packages() {
+  local missing=() package
+  for package in "$@"; do
+    dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || missing+=("$package")
+  done
+  [ ${#missing[@]} -eq 0 ] && return 0
+  if ! command -v apt-get >/dev/null; then
+    echo "These Debian packages, or what they stand for here, are needed: ${missing[*]}" >&2
+    return 1
+  fi
+  local as_root=()
+  [ "$(id -u)" -eq 0 ] || as_root=(sudo)
+  echo "Installing: ${missing[*]}"
+  "${as_root[@]}" apt-get update -qq
+  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+}
+
+# What building and running need.
+build_packages=(g++ cmake ninja-build ccache qt6-base-dev qt6-multimedia-dev libqt6svg6-dev libgl-dev fontconfig
+  fonts-dejavu-core fonts-dejavu-extra fonts-ipafont-gothic)
+# What the tests, benchmarks and checks need on top.
+test_packages=(libgtest-dev libbenchmark-dev clang-format clang-tidy)
+# What a look at the program without a display needs.
+screen_packages=(xvfb xauth openbox imagemagick x11-apps libxcb-cursor0)

@@ -1,0 +1,183 @@
+#include "tests/views/startedProgram.h"
+
+#include <QMessageBox>
+#include <QPushButton>
+#include <QSignalSpy>
+
+#include <algorithm>
+#include <set>
+
+namespace {
+
+using MainWindow = StartedProgram;
+
+// Ticks are counted by a LED timer: it counts them down.
+class TickCount {
+public:
+    explicit TickCount(Machine& machine) : machine_(machine) { machine_.chkLed2Timer = start; }
+    int since() {
+        const int made = start - machine_.chkLed2Timer;
+        machine_.chkLed2Timer = start;
+        return made;
+    }
+
+private:
+    static constexpr std::int16_t start = 5000;
+    Machine& machine_;
+};
+
+QRect tickBar(frmMDI& main) {
+    return main.findChild<QFrame*>("shpTick")->geometry();
+}
+
+TEST_F(MainWindow, comes_up_running_with_a_scan_of_stations_1_to_4) {
+    start();
+    EXPECT_TRUE(main().isVisible());
+    EXPECT_TRUE(main().lblRunMode(modeRun).isChecked());
+    EXPECT_TRUE(machine().startupDone);
+    EXPECT_EQ(memoryWord(machine(), reg::bcrLow), 0x0013);
+    EXPECT_EQ(memoryWord(machine(), reg::scrLow), 0x0004);
+    fire();
+    EXPECT_TRUE(machine().scanRunning);
+    EXPECT_EQ(machine().chipMemory[reg::c1crLow], 0) << "all four stations answer";
+    EXPECT_TRUE(program->registerWindow() != nullptr && registers().isVisible());
+    EXPECT_EQ(main().label(Tool::registerWindow).cursor().shape(), Qt::ArrowCursor);
+}
+
+TEST_F(MainWindow, comes_up_without_a_settings_file) {
+    start("");
+    EXPECT_TRUE(machine().startupDone);
+    EXPECT_EQ(program->registerWindow(), nullptr);
+    EXPECT_EQ(main().label(Tool::registerWindow).cursor().shape(), Qt::BitmapCursor);
+    EXPECT_NE(std::count(machine().chipMemory.begin(), machine().chipMemory.begin() + registerBase, 0), registerBase)
+        << "memory is random";
+    fire();
+    for (const int sa : {1, 2, 3, 4}) {
+        EXPECT_EQ(machine().chipMemory[static_cast<std::size_t>(2 * sa + 1)] & 0x7C, 0x7C) << "no cable is plugged";
+    }
+}
+
+TEST_F(MainWindow, each_run_mode_makes_its_ticks) {
+    start();
+    TickCount ticks(machine());
+    struct Row {
+        RunModeIndex mode;
+        int ticksAtClick, ticksAFiring, interval, barWidth;
+    };
+    for (const Row& row :
+         {Row{modeStop, 0, 0, 0, 9}, Row{modeSlow, 0, 1, 300, 9}, Row{modeOneTime, 1, 0, 0, 9}, Row{modeRun, 0, 67, 20, 51}}) {
+        SCOPED_TRACE(row.mode);
+        QTest::mouseClick(&main().lblRunMode(row.mode), Qt::LeftButton);
+        EXPECT_EQ(ticks.since(), row.ticksAtClick);
+        fire();
+        EXPECT_EQ(ticks.since(), row.ticksAFiring);
+        EXPECT_EQ(main().timTick().interval(), row.interval);
+        EXPECT_EQ(tickBar(main()).width(), row.barWidth);
+        for (int mode = 0; mode < 4; ++mode) {
+            EXPECT_EQ(main().lblRunMode(mode).isChecked(), mode == row.mode);
+        }
+    }
+    machine().runMode = modeRestart;
+    fire();
+    EXPECT_EQ(ticks.since(), 0) << "nothing moves while the machine restarts";
+}
+
+TEST_F(MainWindow, one_time_makes_a_tick_a_press_however_fast) {
+    start();
+    TickCount ticks(machine());
+    ToolLabel& oneTime = main().lblRunMode(modeOneTime);
+    QTest::mouseClick(&oneTime, Qt::LeftButton);
+    QTest::mouseClick(&oneTime, Qt::LeftButton);
+    EXPECT_EQ(ticks.since(), 2);
+    QTest::mousePress(&oneTime, Qt::LeftButton);
+    QTest::mouseRelease(&oneTime, Qt::LeftButton);
+    QTest::mouseDClick(&oneTime, Qt::LeftButton);  // the second press, whose release is one more mouse-up
+    QTest::mouseRelease(&oneTime, Qt::LeftButton);
+    EXPECT_EQ(ticks.since(), 2) << "a double click is two presses";
+    QTest::keyClick(&oneTime, Qt::Key_Return);
+    QTest::keyClick(&oneTime, Qt::Key_Space);
+    EXPECT_EQ(ticks.since(), 2);
+}
+
+TEST_F(MainWindow, the_register_window_follows_every_single_tick) {
+    start();
+    QTest::mouseClick(&main().lblRunMode(modeStop), Qt::LeftButton);
+    const QString before = registers().cell(rowSSR, frmRegister::valLow).text();
+    ToolLabel& oneTime = main().lblRunMode(modeOneTime);
+    QTest::mouseClick(&oneTime, Qt::LeftButton);
+    const QString after = registers().cell(rowSSR, frmRegister::valLow).text();
+    EXPECT_NE(before, after);
+    QTest::mouseClick(&oneTime, Qt::LeftButton);
+    EXPECT_NE(after, registers().cell(rowSSR, frmRegister::valLow).text());
+}
+
+TEST_F(MainWindow, the_tick_bar_steps_with_the_ticks_and_stands_without) {
+    start();
+    QTest::mouseClick(&main().lblRunMode(modeStop), Qt::LeftButton);
+    QTest::mouseClick(&main().lblRunMode(modeRun), Qt::LeftButton);
+    std::set<int> places;
+    for (int firing = 0; firing < 9; ++firing) {
+        fire();
+        places.insert(tickBar(main()).left());
+    }
+    EXPECT_EQ(places, (std::set<int>{0, 51, 102}));
+    QTest::mouseClick(&main().lblRunMode(modeStop), Qt::LeftButton);
+    const QRect standing = tickBar(main());
+    fire(3);
+    EXPECT_EQ(tickBar(main()), standing);
+}
+
+TEST_F(MainWindow, a_label_tells_whether_its_window_is_open) {
+    start();
+    ToolLabel& label = main().label(Tool::registerWindow);
+    QTest::mouseClick(&label, Qt::LeftButton);
+    EXPECT_TRUE(registers().isVisible()) << "a click on the label of an open window leaves it open";
+    registers().close();
+    EXPECT_EQ(program->registerWindow(), nullptr);
+    EXPECT_EQ(label.cursor().shape(), Qt::BitmapCursor);
+    QTest::mouseClick(&label, Qt::LeftButton);
+    ASSERT_NE(program->registerWindow(), nullptr);
+    EXPECT_EQ(label.cursor().shape(), Qt::ArrowCursor);
+    // Navigator wants a double click: its pointer is another one.
+    EXPECT_NE(main().label(Tool::navigator).cursor().pixmap().toImage(), main().label(Tool::version).cursor().pixmap().toImage());
+}
+
+TEST_F(MainWindow, navigator_wants_a_double_click_the_others_a_click) {
+    start();
+    QSignalSpy activated(&main(), &frmMDI::toolActivated);
+    QTest::mouseClick(&main().label(Tool::navigator), Qt::LeftButton);
+    EXPECT_EQ(activated.count(), 0);
+    QTest::mouseDClick(&main().label(Tool::navigator), Qt::LeftButton);
+    EXPECT_EQ(activated.count(), 1);
+    QTest::mouseClick(&main().label(Tool::defaultSet), Qt::LeftButton);
+    EXPECT_EQ(activated.count(), 2);
+}
+
+TEST_F(MainWindow, asks_before_the_program_ends) {
+    start();
+    QSignalSpy finished(program.get(), &Program::finished);
+    const auto question = [this] { return main().findChild<QMessageBox*>("exitQuestion"); };
+
+    main().close();
+    ASSERT_NE(question(), nullptr);
+    EXPECT_EQ(question()->windowTitle(), "VRBTS終了確認");
+    EXPECT_EQ(question()->text(), "アプリケーションを終了します。よろしいですか？");
+    main().close();
+    EXPECT_EQ(main().findChildren<QMessageBox*>("exitQuestion").size(), 1) << "one question is enough";
+    QTest::mouseClick(question()->button(QMessageBox::Cancel), Qt::LeftButton);
+    EXPECT_TRUE(main().isVisible());
+    EXPECT_EQ(finished.count(), 0);
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+
+    main().close();
+    ASSERT_NE(question(), nullptr);
+    const int before = machine().scanAddr;
+    fire();
+    EXPECT_NE(machine().scanAddr, before) << "the scan goes on behind the question";
+    QTest::mouseClick(question()->button(QMessageBox::Ok), Qt::LeftButton);
+    EXPECT_EQ(finished.count(), 1);
+    EXPECT_EQ(program->mainWindow(), nullptr);
+    EXPECT_EQ(program->registerWindow(), nullptr);
+}
+
+}  // namespace

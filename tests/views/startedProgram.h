@@ -1,0 +1,81 @@
+// The program, started on settings of the test's own and then left without a running timer: firings are made by hand.
+
+#pragma once
+
+#include "access/views/frmEditRegister.h"
+#include "access/views/frmRegister.h"
+#include "aids/views/frmDialog.h"
+#include "aids/views/frmMessage.h"
+#include "aids/views/frmVersion.h"
+#include "core/views/Program.h"
+#include "core/views/frmMDI.h"
+#include "platform/OvertypeField.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QRadioButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <string>
+
+inline const std::string makersFile =
+    "[INIT]\r\nCABLECONNECTION=1\r\nMEMORYCLEAR=1\r\nSA-QDA41=1\r\nSA-QDA52=3\r\nCASCADE-QDA41=1\r\nIOS-QDA52=5\r\n"
+    "OPENWINDOW1=1\r\n";
+
+class StartedProgram : public testing::Test {
+protected:
+    // Starts on a settings file with this text; on none for an empty text.
+    void start(const std::string& settings = makersFile) {
+        if (!settings.empty()) {
+            std::ofstream(folder.filePath("VRB_TS2.INI").toStdString(), std::ios::binary) << settings;
+        }
+        program = std::make_unique<Program>(folder.path().toStdString());
+        bool up = false;
+        QObject::connect(program.get(), &Program::started, program.get(), [&] { up = true; });
+        program->Main();
+        while (!up) {
+            QApplication::processEvents();
+            if (program->mainWindow() != nullptr) {
+                program->mainWindow()->timTick().setEnabled(false);
+            }
+        }
+    }
+
+    Machine& machine() { return program->machine(); }
+    frmMDI& main() { return *program->mainWindow(); }
+    frmRegister& registers() { return *program->registerWindow(); }
+    frmEditRegister& dialog() { return *program->registerDialog(); }
+    OvertypeField& field() { return *dialog().findChild<OvertypeField*>("txtWriteData"); }
+    QString text(const char* name) { return dialog().findChild<QLabel*>(name)->text(); }
+    QRadioButton& option(int index) { return *dialog().findChild<QRadioButton*>(QStringLiteral("opnAccess%1").arg(index)); }
+    QString popupText() { return program->message()->isVisible() ? program->message()->text() : QString(); }
+
+    void fire(int firings = 1) {
+        for (int done = 0; done < firings; ++done) {
+            main().timTick().fire();
+        }
+    }
+
+    void open(int row, std::size_t column) { QTest::mouseDClick(&registers().cell(row, column), Qt::LeftButton); }
+
+    void write(int row, std::size_t column, const char* digits) {
+        open(row, column);
+        QTest::keyClicks(&field(), digits);
+        QTest::keyClick(&field(), Qt::Key_Return);
+    }
+
+    // The four cells of a row: "r" red, "b" black.
+    std::string colours(int row) {
+        std::string text;
+        for (std::size_t column = 0; column < 4; ++column) {
+            text += registers().cell(row, column).red() ? 'r' : 'b';
+        }
+        return text;
+    }
+
+    QTemporaryDir folder;
+    std::unique_ptr<Program> program;
+};
