@@ -83,6 +83,9 @@ void applyTo(QApplication& application) {
     palette.setColor(QPalette::ButtonText, QColor::fromRgb(ink));
     palette.setColor(QPalette::Highlight, QColor::fromRgb(brandGreen));
     palette.setColor(QPalette::HighlightedText, Qt::white);
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(QPalette::Disabled, role, QColor::fromRgb(faint));
+    }
     QApplication::setPalette(palette);
     QApplication::setFont(interfaceFont());
     application.setStyleSheet(styleSheet);

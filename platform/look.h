@@ -20,6 +20,7 @@ QFont hexFont(int pixelSize = 13);
 
 inline constexpr QRgb ink = 0xff1d2a30;
 inline constexpr QRgb secondInk = 0xff55636a;
+inline constexpr QRgb faint = 0xff8a969c;
 inline constexpr QRgb brandGreen = 0xff1f7348;
 inline constexpr QRgb workspace = 0xffa9b5b1;
 inline constexpr QRgb toolStrip = 0xffe4eae7;

@@ -97,9 +97,17 @@ void RegisterCell::keyPressEvent(QKeyEvent* event) {
     }
 }
 
+// The ring is for those who walk by keyboard; a mouse says where it is by its pointer.
+void RegisterCell::focusInEvent(QFocusEvent* event) {
+    if (event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason) {
+        ring_ = event->reason() != Qt::MouseFocusReason;
+    }
+    QLabel::focusInEvent(event);
+}
+
 void RegisterCell::paintEvent(QPaintEvent* event) {
     QLabel::paintEvent(event);
-    if (hasFocus()) {
+    if (ring_ && hasFocus()) {
         QPainter painter(this);
         painter.setPen(QColor(0x1c, 0x5f, 0xb0));
         painter.drawRect(rect().adjusted(0, 1, -1, -2));

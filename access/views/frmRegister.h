@@ -26,12 +26,14 @@ signals:
 protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
     void colour(bool red);
 
     bool red_ = false;
+    bool ring_ = false;
 };
 
 class frmRegister : public QWidget {

@@ -194,6 +194,10 @@ void frmMDI::MDIForm_QueryUnload() {
     exitQuestion_->setAttribute(Qt::WA_DeleteOnClose);
     exitQuestion_->setFont(look::textFont(14));
     exitQuestion_->setIconPixmap(ImageList("picQuestion").image(1, devicePixelRatioF()));
+    for (QAbstractButton* button : exitQuestion_->buttons()) {
+        button->setIcon({});
+        button->setProperty("dialogButton", true);
+    }
     connect(exitQuestion_, &QMessageBox::finished, this, [this](int answer) {
         if (answer == QMessageBox::Ok) {
             emit quitConfirmed();
