@@ -58,6 +58,12 @@ void initConnections(Machine& machine) {
 
 void setUpBench(Machine& machine) {
     static const Machine untouched;
+    machine.picScanLed = untouched.picScanLed;
+    machine.picChkLED = untouched.picChkLED;
+    machine.picMON_LED73 = untouched.picMON_LED73;
+    machine.picMON_LED52 = untouched.picMON_LED52;
+    machine.picSE = untouched.picSE;
+    machine.picInt = untouched.picInt;
     machine.picPI = untouched.picPI;
     machine.picPO = untouched.picPO;
     machine.picSSA = untouched.picSSA;

@@ -18,6 +18,6 @@ void initCombo(Machine& machine);
 // Cables, cascade card and duplex jumpers by the settings. Only a setting of exactly 1 plugs, fits or means half duplex.
 void initConnections(Machine& machine);
 
-// A bench as it stands when nothing has been touched: all pins low, switches at "0", BPSS-L, no cable, no card; then the two
-// operations above.
+// A bench as it stands when nothing has been touched: LEDs dark, all pins low, switches at "0", BPSS-L, no cable, no card; then
+// the two operations above.
 void setUpBench(Machine& machine);

@@ -25,4 +25,4 @@ build_packages=(g++ cmake ninja-build ccache qt6-base-dev qt6-multimedia-dev lib
 # What the tests, benchmarks and checks need on top.
 test_packages=(libgtest-dev libbenchmark-dev clang-format clang-tidy)
 # What a look at the program without a display needs.
-screen_packages=(xvfb xauth openbox imagemagick x11-apps libxcb-cursor0)
+screen_packages=(xvfb xauth openbox imagemagick)

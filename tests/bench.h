@@ -7,6 +7,8 @@
 #include "core/mduMain.h"
 #include "core/simulation.h"
 
+#include <initializer_list>
+
 // The maker's bench after start-up, memory cleared: stations 1 to 4 on the line, SCR still 0, so no scan.
 inline Machine makersMachine() {
     Machine machine;
@@ -74,3 +76,12 @@ inline void setInput(Machine& machine, int slot, int word) {
 inline std::uint32_t latchOf(const Machine& machine, int slot) {
     return slot == slotQDA52 ? machine.doLatch52 : machine.doLatch[static_cast<std::size_t>(slot)];
 }
+
+// The slot that the maker's bench has at stations 1 to 4.
+inline int slotAt(int sa) {
+    return std::array{slotQDA73, slotQDA41, slotCascade, slotQDA52}[static_cast<std::size_t>(sa - 1)];
+}
+
+// A table of numbers that needs no type of its own.
+template <std::size_t columns>
+using Rows = std::initializer_list<std::array<int, columns>>;

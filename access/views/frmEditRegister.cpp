@@ -5,6 +5,7 @@
 #include "platform/look.h"
 #include "platform/twips.h"
 
+#include <QEvent>
 #include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
@@ -101,6 +102,13 @@ void frmEditRegister::openFor(const QString& name, int row, Half half, QPoint pl
     show();
     activateWindow();
     txtWriteData_->setFocus();
+}
+
+bool frmEditRegister::event(QEvent* event) {
+    if (event->type() == QEvent::WindowActivate) {
+        txtWriteData_->setFocus();
+    }
+    return QDialog::event(event);
 }
 
 Width frmEditRegister::width() const {

@@ -34,6 +34,9 @@ signals:
 public slots:
     void done(int result) override;
 
+protected:
+    bool event(QEvent* event) override;
+
 private:
     void setupRegisterDialog();
     void showRegisterValue();

@@ -60,12 +60,12 @@ void Program::runNextStep() {
 void Program::addStartSteps() {
     steps_.emplace_back([this] {
         readSettings(machine_, folder_);
+        openSound();
         frmVersion_ = std::make_unique<frmVersion>(machine_);
         connect(frmVersion_.get(), &frmVersion::closed, this, [this] { frmVersion_.release()->deleteLater(); });
         frmVersion_->showProcess();
         frmVersion_->open();
     });
-    steps_.emplace_back([this] { openSound(); });
     addLoadSteps();
     steps_.emplace_back([this] {
         machine_.startupDone = true;
