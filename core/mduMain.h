@@ -94,7 +94,7 @@ struct Card {
 struct Pin {
     bool output = false;
     bool level = false;
-    bool visible = true;  // a pin taken away by an IOS mode is hidden and keeps its direction and level
+    bool visible = true;  // a pin taken away by an IOS mode is hidden and keeps its direction
 };
 
 struct Machine {

@@ -3,22 +3,15 @@
 #pragma once
 
 #include "access/registers.h"
-#include "platform/OvertypeField.h"
+#include "access/views/WriteDialog.h"
 
-#include <QDialog>
-#include <QPointer>
-
-class QLabel;
-class QPushButton;
-class QRadioButton;
-
-class frmEditRegister : public QDialog {
+class frmEditRegister : public WriteDialog {
     Q_OBJECT
 
 public:
     frmEditRegister(Machine& machine, QWidget* owner);
 
-    // Prepares the dialog for a register and shows it, modal to the program, at `place`.
+    // Prepares the dialog for a register and shows it at `place`.
     void openFor(const QString& name, int row, Half half, QPoint place);
 
 signals:
@@ -35,12 +28,9 @@ public slots:
     void done(int result) override;
 
 protected:
-    bool event(QEvent* event) override;
+    void setupAccess() override;
 
 private:
-    void setupRegisterDialog();
-    void showRegisterValue();
-    Width width() const;
     int shownAddress() const;
 
     Machine& machine_;
@@ -48,10 +38,4 @@ private:
     int row_ = 0;
     int address_ = 0;
     Half half_ = Half::low;
-
-    QLabel* lblAdr_;
-    QLabel* lblBitInd_;
-    std::array<QRadioButton*, 2> opnAccess_{};  // 0 16 bit, 1 8 bit
-    OvertypeField* txtWriteData_;
-    std::array<QPushButton*, 2> cmdAction_{};  // 0 Write, 1 Cancel
 };

@@ -8,6 +8,7 @@
 #include "boards/boardSet.h"
 #include "config/settings.h"
 #include "core/views/frmMDI.h"
+#include "memwin/views/MemoryWindows.h"
 #include "platform/screen.h"
 #include "platform/twips.h"
 
@@ -18,6 +19,7 @@
 namespace {
 
 constexpr QPoint registerPlace{twips(6600), twips(1100)};
+constexpr int chooserBesideLabel = twips(900);
 constexpr std::uint8_t firstScanLastAddress = 4;
 
 // Where the write dialog stands beside the register window, and when it moves up.
@@ -87,10 +89,13 @@ void Program::addLoadSteps() {
     step("メインウィンドウロード中です。", [this] { loadMain(); });
     step("ハードウェアウィンドウロード中です。", [this] { setUpBench(machine_); });
     step("レジスタウィンドウロード中です。", [this] { loadRegister(); });
-    step("メモリウィンドウロード中です。", nothingYet);
-    step("メモリウィンドウロード中です。", nothingYet);
-    step("メモリウィンドウロード中です。", nothingYet);
-    step("メモリ処理中です。", [this] { fillMemory(); });
+    for (const Area area : {Area::controlDoDi, Area::c1ToC7, Area::drc}) {
+        step("メモリウィンドウロード中です。", [this, area] { memoryWindows_->load(area); });
+    }
+    step("メモリ処理中です。", [this] {
+        fillMemory();
+        openMemoryWindows();
+    });
     step("レジスタヒントウィンドウロード中です。", nothingYet);
 }
 
@@ -101,18 +106,9 @@ void Program::loadMain() {
     connect(frmMDI_.get(), &frmMDI::beepWanted, this, &Program::playBeep);
     connect(frmMDI_.get(), &frmMDI::quitConfirmed, this, &Program::quitProgram);
 
-    frmMessage_ = std::make_unique<frmMessage>(frmMDI_.get());
-    frmDialog_ = std::make_unique<frmDialog>(frmMDI_.get());
-    connect(frmDialog_.get(), &frmDialog::appeared, this, &Program::playBeep);
-    frmEditRegister_ = std::make_unique<frmEditRegister>(machine_, frmMDI_.get());
-    connect(frmEditRegister_.get(), &frmEditRegister::written, this, &Program::refreshAll);
-    connect(frmEditRegister_.get(), &frmEditRegister::answered, this,
-            [this](const Answer& answer) { say(*frmEditRegister_, answer); });
-    connect(frmEditRegister_.get(), &frmEditRegister::rowMarked, this, [this](int row, bool high, bool low) {
-        if (frmRegister_ != nullptr) {
-            frmRegister_->markRow(row, high, low);
-        }
-    });
+    connect(frmMDI_.get(), &frmMDI::runModeClicked, this, [this] { memoryWindows_->hideChooser(); });
+    loadDialogs();
+    loadMemoryWindows();
 
     const QRect screen = usableScreen(QPoint());
     const bool fits = screen.width() > mainSize.width() && screen.height() > mainSize.height();
@@ -124,6 +120,38 @@ void Program::loadMain() {
         frmMDI_->showMaximized();
     }
     frmVersion_->raise();
+}
+
+void Program::loadDialogs() {
+    frmMessage_ = std::make_unique<frmMessage>(frmMDI_.get());
+    frmDialog_ = std::make_unique<frmDialog>(frmMDI_.get());
+    connect(frmDialog_.get(), &frmDialog::appeared, this, &Program::playBeep);
+    frmEditRegister_ = std::make_unique<frmEditRegister>(machine_, frmMDI_.get());
+    connect(frmEditRegister_.get(), &frmEditRegister::written, this, &Program::refreshAll);
+    connect(frmEditRegister_.get(), &frmEditRegister::answered, this,
+            [this](const Answer& answer) { say(*frmEditRegister_, answer); });
+    connect(frmEditRegister_.get(), &frmEditRegister::readProtectionChanged, this,
+            [this] { memoryWindows_->readProtectionChanged(); });
+    connect(frmEditRegister_.get(), &frmEditRegister::rowMarked, this, [this](int row, bool high, bool low) {
+        if (frmRegister_ != nullptr) {
+            frmRegister_->markRow(row, high, low);
+        }
+    });
+}
+
+void Program::loadMemoryWindows() {
+    memoryWindows_ = std::make_unique<MemoryWindows>(machine_, frmMDI_->area(), *frmMDI_);
+    MemoryWindows* windows = memoryWindows_.get();
+    connect(windows, &MemoryWindows::popupWanted, this, &Program::popupAtPointer);
+    connect(windows, &MemoryWindows::answered, this, &Program::say);
+    connect(windows, &MemoryWindows::beepWanted, this, &Program::playBeep);
+    connect(windows, &MemoryWindows::messageInTheWay, frmMessage_.get(), &QWidget::hide);
+    connect(windows, &MemoryWindows::refreshWanted, this, &Program::refreshAll);
+    connect(windows, &MemoryWindows::allCloseWanted, this, [this] {
+        if (frmRegister_ != nullptr) {
+            frmRegister_->close();
+        }
+    });
 }
 
 void Program::loadRegister() {
@@ -139,6 +167,16 @@ void Program::fillMemory() {
         randomizeMemory(machine_, dateNumber());
     }
     positionWindows();
+}
+
+void Program::openMemoryWindows() {
+    // The window of the control words comes last and stands in front.
+    for (const Area area : {Area::c1ToC7, Area::drc, Area::controlDoDi}) {
+        constexpr std::array<std::size_t, 3> settingOf{3, 4, 5};
+        if (machine_.openWindowDefault[settingOf[static_cast<std::size_t>(area)]] != 0) {
+            memoryWindows_->openArea(area);
+        }
+    }
 }
 
 void Program::positionWindows() {
@@ -159,6 +197,7 @@ void Program::openSound() {
 
 void Program::quitProgram() {
     steps_.clear();
+    memoryWindows_.reset();
     frmDialog_.reset();
     frmMessage_.reset();
     frmEditRegister_.reset();
@@ -176,6 +215,8 @@ void Program::activateTool(Tool tool) {
         case Tool::registerWindow: showRegisterWindow(); break;
         case Tool::version: openVersion(); break;
         case Tool::memoryWindow:
+            memoryWindows_->toggleChooser(frmMDI_->label(tool).mapTo(frmMDI_.get(), QPoint()).x() - chooserBesideLabel);
+            break;
         case Tool::registerHint:
         case Tool::navigator:
         case Tool::defaultSet: break;  // these windows are still to be built
@@ -188,6 +229,7 @@ void Program::showRegisterWindow() {
         frmRegister_->activateWindow();
         return;
     }
+    memoryWindows_->hideChooser();
     openRegisterWindow();
 }
 
@@ -207,6 +249,7 @@ void Program::unloadRegisterWindow() {
 }
 
 void Program::openVersion() {
+    memoryWindows_->hideChooser();
     if (frmVersion_ == nullptr) {
         frmVersion_ = std::make_unique<frmVersion>(machine_);
         connect(frmVersion_.get(), &frmVersion::closed, this, [this] { frmVersion_.release()->deleteLater(); });
@@ -219,6 +262,9 @@ void Program::openVersion() {
 void Program::refreshAll() {
     if (frmRegister_ != nullptr) {
         frmRegister_->refreshRegisters();
+    }
+    if (memoryWindows_ != nullptr) {
+        memoryWindows_->refreshAllAreas();
     }
 }
 

@@ -19,6 +19,7 @@
 #include <functional>
 #include <memory>
 
+class MemoryWindows;
 class frmDialog;
 class frmEditRegister;
 class frmMDI;
@@ -56,6 +57,7 @@ public:
     frmEditRegister* registerDialog() { return frmEditRegister_.get(); }
     frmMessage* message() { return frmMessage_.get(); }
     frmDialog* dialog() { return frmDialog_.get(); }
+    MemoryWindows* memoryWindows() { return memoryWindows_.get(); }
     frmVersion* versionPanel() { return frmVersion_.get(); }
 
 signals:
@@ -68,8 +70,11 @@ private:
     void addLoadSteps();
     void runNextStep();
     void loadMain();
+    void loadDialogs();
+    void loadMemoryWindows();
     void loadRegister();
     void fillMemory();
+    void openMemoryWindows();
     void positionWindows();
     void openSound();
     void quitProgram();
@@ -95,4 +100,5 @@ private:
     std::unique_ptr<frmEditRegister> frmEditRegister_;
     std::unique_ptr<frmMessage> frmMessage_;
     std::unique_ptr<frmDialog> frmDialog_;
+    std::unique_ptr<MemoryWindows> memoryWindows_;
 };

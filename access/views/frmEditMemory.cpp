@@ -1,0 +1,52 @@
+#include "access/views/frmEditMemory.h"
+
+#include "access/hexText.h"
+
+namespace {
+
+QString hex(int value, int digits) {
+    return QString::fromStdString(hexText(static_cast<unsigned>(value), digits));
+}
+
+}  // namespace
+
+frmEditMemory::frmEditMemory(Machine& machine, QWidget* owner)
+    : WriteDialog("frmEditMemory", "Memory Write", OvertypeField::Case::asTyped, owner), machine_(machine) {}
+
+void frmEditMemory::openFor(Area area, const QString& rowText, int cell, QPoint place) {
+    area_ = area;
+    rowText_ = rowText;
+    cell_ = cell;
+    openAt(place, bus8bit(machine_));
+}
+
+void frmEditMemory::setupAccess() {
+    const int clicked = labelToAddress(machine_, rowText_.toStdString(), cell_);
+    if (width() == Width::word) {
+        const int address = clicked & ~1;
+        showAccess(hex(address, 3), "bit 15----0", hex(memoryWord(machine_, address), 4));
+        emit wordMarked(area_, cell_, true, true);
+        return;
+    }
+    const auto index = static_cast<std::size_t>(busToMemoryIndex(machine_, clicked));
+    showAccess(hex(clicked, 3), "bit 7--0", hex(machine_.chipMemory[index], 2));
+    emit wordMarked(area_, cell_, cell_ % 2 == 0, cell_ % 2 != 0);
+}
+
+// Write, Cancel, Escape and the close box all end here.
+void frmEditMemory::done(int result) {
+    WriteResult written;
+    if (result == Accepted) {
+        written = writeMemory(machine_, rowText_.toStdString(), cell_, width(), text().toStdString());
+    }
+    // The marks go first: what the write changed then turns red as a change.
+    emit wordMarked(area_, cell_, false, false);
+    emit refreshWanted();
+    QDialog::done(result);
+    if (written.upperByteRefused) {
+        emit answered(upperByteRefusedPopup());
+    }
+    if (written.buffered) {
+        emit answered(bufferedPopup());
+    }
+}

@@ -1,0 +1,75 @@
+// The grid of a dump window: one painted widget with the hexadecimal cells (Picture1) and the characters beside them
+// (Picture2). It repaints the cells that changed and no others.
+//
+//   |strip| adr.  column labels under their wedges     | Ascii Dump      |
+//   |     | 00x   cell 0 ... cell 15                   | . . . .         |
+//
+// The keyboard walks over the cells with the arrows, Home, End, Page Up and Page Down; Enter is the double click.
+
+#pragma once
+
+#include "memwin/mduMemoryWindow.h"
+
+#include <QPixmap>
+#include <QWidget>
+
+#include <optional>
+
+class DumpGrid : public QWidget {
+    Q_OBJECT
+
+public:
+    enum class Side { data, ascii };
+
+    DumpGrid(const DumpView& view, QWidget* parent);
+
+    // Repaints the cells that the last operation on the view touched.
+    void showTouched();
+    // Places the cells by the view's bytes or words.
+    void setPiMode(ByteView piMode);
+
+    int gridHeight() const;
+    // Place of a cell in this widget.
+    QRect cellRect(int cell, Side side) const;
+
+signals:
+    void pointed(int cell);
+    void pointedNowhere();
+    void doubleClicked(int cell, DumpGrid::Side side);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+
+private:
+    struct Hit {
+        int cell;
+        Side side;
+    };
+    std::optional<Hit> hitAt(QPoint point) const;
+    int rows() const { return view_.area->cells / cellsPerRow; }
+    int rowAt(int y) const;
+    void walkTo(int cell);
+
+    void makeGlyphs();
+    void paintFrames(QPainter& painter);
+    void paintHeading(QPainter& painter);
+    void paintWedges(QPainter& painter);
+    void paintStrips(QPainter& painter);
+    void paintRow(QPainter& painter, int row, const QRect& clip);
+
+    const DumpView& view_;
+    ByteView piMode_ = ByteView::word;
+    int current_ = 0;    // where the keyboard stands
+    bool ring_ = false;  // and whether it is shown
+    // Every byte and every character, drawn once: black, red.
+    std::array<std::vector<QPixmap>, 2> digits_;
+    std::array<std::vector<QPixmap>, 2> characters_;
+    qreal glyphRatio_ = 0;
+};

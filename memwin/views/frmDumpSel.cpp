@@ -1,0 +1,57 @@
+#include "memwin/views/frmDumpSel.h"
+
+#include "platform/look.h"
+
+#include <QKeyEvent>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr std::array<const char*, 5> captions{"コントロール+DI+DO", "C1～C7", "DRC", "Memory Read", "Window All Close"};
+
+}  // namespace
+
+frmDumpSel::frmDumpSel(QWidget* area) : QFrame(area) {
+    setObjectName("frmDumpSel");
+    setStyleSheet("#frmDumpSel { background: #eef2f0; border: 1px solid #6f7d77; border-radius: 3px; }");
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(8, 8, 8, 8);
+    column->setSpacing(5);
+    for (std::size_t index = 0; index < captions.size(); ++index) {
+        cmdAREA_[index] = new QPushButton(captions[index], this);
+        cmdAREA_[index]->setObjectName(QStringLiteral("cmdAREA%1").arg(index));
+        cmdAREA_[index]->setProperty("dialogButton", true);
+        cmdAREA_[index]->setFont(look::textFont(13));
+        cmdAREA_[index]->setStyleSheet("min-width: 164px;");
+        column->addWidget(cmdAREA_[index]);
+        connect(cmdAREA_[index], &QPushButton::clicked, this, [this, index] {
+            hide();
+            emit chosen(static_cast<int>(index));
+        });
+    }
+    hide();
+}
+
+void frmDumpSel::open(QPoint place) {
+    adjustSize();
+    move(place);
+    show();
+    raise();
+    cmdAREA_[0]->setFocus();
+}
+
+void frmDumpSel::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+        case Qt::Key_Escape: hide(); break;
+        case Qt::Key_Down: focusNextChild(); break;
+        case Qt::Key_Up: focusPreviousChild(); break;
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            if (auto* button = qobject_cast<QPushButton*>(focusWidget())) {
+                button->click();
+            }
+            break;
+        default: QFrame::keyPressEvent(event);
+    }
+}

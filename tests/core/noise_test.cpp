@@ -1,0 +1,115 @@
+// The noise button: the press spoils one visit, then comes quiet, then random failures and a burst at one station.
+
+#include "tests/bench.h"
+
+#include <gtest/gtest.h>
+
+#include <utility>
+#include <vector>
+
+namespace {
+
+constexpr std::uint64_t seed = 20'000;
+
+Machine noisyMachine(int last, std::uint64_t systemTimer = seed) {
+    Machine machine = scanningMachine(static_cast<std::uint8_t>(last));
+    machine.systemTimer = systemTimer;
+    machine.noiseOn = true;
+    machine.noiseBurst = 500;
+    return machine;
+}
+
+// Tick and station of the visits that failed among the next `count` ticks. Every address must have a board.
+using Spoiled = std::vector<std::pair<int, int>>;
+
+Spoiled spoiledVisits(Machine& machine, int count) {
+    Spoiled found;
+    for (int tick = 1; tick <= count; ++tick) {
+        ticks(machine, 1);
+        if ((statusOf(machine, machine.visitAddr) & 4) != 0) {
+            found.emplace_back(tick, machine.visitAddr);
+        }
+    }
+    return found;
+}
+
+TEST(Noise, press_spoils_one_visit_then_499_ticks_are_quiet_and_all_ends_with_the_button) {
+    Machine machine = noisyMachine(4);
+    setByte(machine, reg::int0Request, 0x04);
+    ticks(machine, 50);
+    EXPECT_EQ(machine.noiseBurst, 500) << "a held scan makes no visit";
+    setByte(machine, reg::int0Request, 0);
+    EXPECT_EQ(spoiledVisits(machine, 500), (Spoiled{{1, 1}}));
+    EXPECT_EQ(machine.noiseBurst, 0);
+    machine.noiseOn = false;
+    EXPECT_TRUE(spoiledVisits(machine, 3000).empty());
+}
+
+TEST(Noise, boards_take_their_word_in_a_spoiled_visit) {
+    Machine machine = noisyMachine(4);
+    setMemoryWord(machine, doBase + 2 * 1, 0xCAFE);
+    setMemoryWord(machine, diBase + 2 * 1, 0xAAAA);
+    setCommand(machine, 1, 0x10);
+    ticks(machine, 1);
+    EXPECT_EQ(statusOf(machine, 1), 0x14);
+    EXPECT_EQ(latchOf(machine, slotQDA73), 0xCAFEU);
+    EXPECT_EQ(memoryWord(machine, diBase + 2 * 1), 0xAAAA);
+    EXPECT_EQ(commandOf(machine, 1), 0x10);
+    EXPECT_FALSE(machine.picMON_LED73.lit);
+}
+
+TEST(Noise, eleven_random_failures_then_four_more_at_the_last_station_then_anew) {
+    Machine machine = noisyMachine(4);
+    ticks(machine, 500);
+    const Spoiled spoiled = spoiledVisits(machine, 9000);
+    ASSERT_GT(spoiled.size(), 30U);
+    for (std::size_t index = 1; index <= 30; ++index) {
+        const auto [tick, sa] = spoiled[index - 1];
+        const bool inBurst = index % 15 >= 11;  // the four after the eleventh
+        // With this seed no random failure falls on the station of the one before in the very next pass.
+        EXPECT_EQ((spoiled[index] == std::pair{tick + 4, sa}), inBurst) << "after failure " << index;
+    }
+    EXPECT_EQ(byteAt(machine, reg::c2crLow), static_cast<int>(spoiled.size() / 15)) << "a burst is enough for CHK2";
+}
+
+TEST(Noise, press_begins_a_cycle_with_the_generator_seeded_from_the_system_timer) {
+    std::vector<Spoiled> runs;
+    for (const std::uint64_t systemTimer : {seed, seed, seed + 1}) {
+        Machine machine = noisyMachine(4, systemTimer);
+        machine.random.seed(runs.size());
+        machine.noiseErrorCount = static_cast<std::int16_t>(5 * runs.size());
+        runs.push_back(spoiledVisits(machine, 4000));
+    }
+    EXPECT_GT(runs[0].size(), 10U);
+    EXPECT_EQ(runs[0], runs[1]);
+    EXPECT_NE(runs[0], runs[2]);
+}
+
+TEST(Noise, shorter_passes_are_spoiled_more_rarely) {
+    // One tick in 13 from 15 stations on, else one in 13 * (20 - last): 2000 in every row, give or take 45.
+    for (const auto& [last, count] : Rows<2>{{63, 26000}, {16, 26000}, {15, 26000}, {14, 156000}, {4, 416000}}) {
+        SCOPED_TRACE(last);
+        Machine machine = noisyMachine(last);
+        ticks(machine, 500);
+        int spoiled = 0;
+        for (int tick = 0; tick < count; ++tick) {
+            ticks(machine, 1);
+            spoiled += std::exchange(machine.noiseErrorCount, std::int16_t{0});
+        }
+        EXPECT_GT(spoiled, 1800);
+        EXPECT_LT(spoiled, 2200);
+    }
+}
+
+TEST(Noise, enters_at_link_2_only) {
+    for (const int brokenLink : {1, 2, 3}) {
+        SCOPED_TRACE(brokenLink);
+        Machine machine = noisyMachine(1);
+        unplug(machine, brokenLink);
+        ticks(machine, 5000);
+        EXPECT_EQ(machine.noiseBurst, brokenLink == 2 ? 500 : 0);
+        EXPECT_EQ(byteAt(machine, reg::c1crLow) > 0, brokenLink != 2);
+    }
+}
+
+}  // namespace
