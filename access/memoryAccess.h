@@ -66,6 +66,7 @@ Popup bufferedPopup();
 struct ReadResult {
     std::uint8_t value;
     std::string_view guide;  // where the byte came from, in words
+    bool operator==(const ReadResult&) const = default;
 };
 
 // One read of a byte. `addressText` is three hexadecimal digits, 000 to 7FF; for anything else there is no result, nothing
