@@ -1,0 +1,296 @@
+#include "memwin/views/MemoryWindows.h"
+
+#include "access/views/frmEditMemory.h"
+#include "access/views/frmMemoryRead.h"
+#include "memwin/views/frmDump.h"
+#include "memwin/views/frmDumpSel.h"
+#include "tests/views/startedProgram.h"
+
+#include <QCheckBox>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QPushButton>
+
+namespace {
+
+const std::string withDump = makersFile + "OPENWINDOW3=1\r\n";
+
+// Counts the paint events of a widget.
+class Paints : public QObject {
+public:
+    explicit Paints(QWidget& widget) { widget.installEventFilter(this); }
+    QRegion region;
+    int count = 0;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Paint) {
+            ++count;
+            region += static_cast<QPaintEvent*>(event)->region();
+        }
+        return QObject::eventFilter(watched, event);
+    }
+};
+
+class MemoryView : public StartedProgram {
+protected:
+    MemoryWindows& memory() { return *program->memoryWindows(); }
+    frmDump& dump(Area area = Area::controlDoDi) { return *memory().window(area); }
+    frmEditMemory& writeDialog() { return memory().writeDialog(); }
+    OvertypeField& value() { return *writeDialog().findChild<OvertypeField*>("txtWriteData"); }
+    QString writeText(const char* name) { return writeDialog().findChild<QLabel*>(name)->text(); }
+
+    void doubleClick(Area area, int cell, DumpGrid::Side side = DumpGrid::Side::data) {
+        QTest::mouseDClick(&dump(area).grid(), Qt::LeftButton, {}, dump(area).grid().cellRect(cell, side).center());
+    }
+    void cancel() { QTest::keyClick(&writeDialog(), Qt::Key_Escape); }
+    const DumpCell& shown(Area area, int cell) { return dump(area).view().cells[static_cast<std::size_t>(cell)]; }
+};
+
+TEST_F(MemoryView, opens_by_the_settings_and_follows_the_scan) {
+    start(withDump);
+    ASSERT_TRUE(dump().isVisible());
+    EXPECT_FALSE(dump(Area::c1ToC7).isVisible() || dump(Area::drc).isVisible());
+    EXPECT_EQ(dump().findChild<QLabel*>("lblCPUType")->text(), "16bit-Bus Little");
+    machine().diImage[0] = 0x35;  // station 2
+    fire();
+    EXPECT_EQ(shown(Area::controlDoDi, 256 + 15 - 4).value, 0x35);
+    EXPECT_TRUE(shown(Area::controlDoDi, 256 + 15 - 4).red);
+}
+
+TEST_F(MemoryView, an_unchanged_firing_paints_nothing_and_a_change_its_own_cells) {
+    start(withDump);
+    fire();
+    QApplication::processEvents();
+    dump().grid().grab();
+    Paints paints(dump().grid());
+    fire(3);
+    QApplication::processEvents();
+    EXPECT_EQ(paints.count, 0);
+    machine().chipMemory[0x0A2] = 0x3F;
+    fire();
+    QApplication::processEvents();
+    EXPECT_GE(paints.count, 1);
+    const int cell = addressToLabel(machine(), 0x0A2);
+    EXPECT_TRUE(paints.region.contains(dump().grid().cellRect(cell, DumpGrid::Side::data)));
+    EXPECT_FALSE(paints.region.contains(dump().grid().cellRect(cell + 32, DumpGrid::Side::data).center()));
+}
+
+TEST_F(MemoryView, the_chooser_leads_to_every_window_and_closes_them_all) {
+    start();
+    ToolLabel& label = main().label(Tool::memoryWindow);
+    for (int index = 0; index < 3; ++index) {
+        QTest::mouseClick(&label, Qt::LeftButton);
+        ASSERT_TRUE(memory().chooser().isVisible());
+        QTest::mouseClick(&memory().chooser().cmdAREA(index), Qt::LeftButton);
+        EXPECT_FALSE(memory().chooser().isVisible());
+        EXPECT_TRUE(dump(static_cast<Area>(index)).isVisible()) << index;
+    }
+    QTest::mouseClick(&label, Qt::LeftButton);
+    QTest::mouseClick(&label, Qt::LeftButton);
+    EXPECT_FALSE(memory().chooser().isVisible()) << "the label is a toggle";
+    QTest::mouseClick(&label, Qt::LeftButton);
+    QTest::mouseClick(&main().lblRunMode(modeRun), Qt::LeftButton);
+    EXPECT_FALSE(memory().chooser().isVisible()) << "a run mode puts it away";
+
+    for (int time = 0; time < 2; ++time) {
+        QTest::mouseClick(&label, Qt::LeftButton);
+        QTest::mouseClick(&memory().chooser().cmdAREA(4), Qt::LeftButton);
+        for (const Area area : {Area::controlDoDi, Area::c1ToC7, Area::drc}) {
+            EXPECT_FALSE(dump(area).isVisible());
+        }
+        EXPECT_TRUE(program->registerWindow() == nullptr || !registers().isVisible());
+    }
+    machine().chipMemory[0x500] = 0x77;
+    fire();
+    memory().openArea(Area::drc);
+    EXPECT_TRUE(shown(Area::drc, 15).red) << "what moved meanwhile shows as a change";
+}
+
+TEST_F(MemoryView, the_read_dialog_is_for_an_8_bit_bus) {
+    start();
+    memory().chooser().cmdAREA(3).click();
+    EXPECT_EQ(popupText(), "８ビットバス選択時のみ機能します");
+    EXPECT_FALSE(memory().readDialog().isVisible());
+
+    machine().cpuType = 1;
+    memory().chooser().cmdAREA(3).click();
+    frmMemoryRead& dialog = memory().readDialog();
+    ASSERT_TRUE(dialog.isVisible());
+    const auto text = [&](const char* name) { return dialog.findChild<QLabel*>(name)->text(); };
+    auto& address = *dialog.findChild<OvertypeField*>("txtAddress");
+    QTest::keyClicks(&address, "59");
+    QTest::keyClick(&address, Qt::Key_Return);
+    EXPECT_EQ(text("lblAdr"), "???H") << "a ? left in the box is refused";
+    EXPECT_EQ(address.text(), "59?");
+    QTest::keyClick(&address, Qt::Key_Home);
+    QTest::keyClicks(&address, "58e");
+    QTest::keyClick(&address, Qt::Key_Return);
+    EXPECT_EQ(text("lblAdr"), "58eH");
+    EXPECT_EQ(text("lblData"), "13");
+    EXPECT_EQ(text("lblGuide"), "メモリよりデータを取得しました。");
+    EXPECT_EQ(address.text(), "???");
+
+    QTest::keyClick(&dialog, Qt::Key_Escape);
+    memory().chooser().cmdAREA(3).click();
+    EXPECT_EQ(text("lblData"), "13") << "it keeps its state";
+    write(3, frmRegister::valLow, "10");
+    EXPECT_EQ(text("lblData"), "??") << "a change of HPR's low byte starts it anew";
+}
+
+TEST_F(MemoryView, the_write_dialog_takes_address_and_value_by_bus_type) {
+    struct Row {
+        int cpuType, cell;
+        bool chooseByte;
+        const char* address;
+        const char* bits;
+        const char* value;
+        bool evenRed, oddRed;
+    };
+    start(withDump);
+    machine().chipMemory[reg::scrLow] = 0;
+    setMemoryWord(machine(), 0x00E, 0x12AB);
+    setMemoryWord(machine(), 0x000, 0x34CD);
+    for (const Row& row : {
+             Row{0, 0, false, "00E", "bit 15----0", "12AB", true, true},
+             Row{0, 0, true, "00F", "bit 7--0", "12", true, false},
+             Row{0, 1, true, "00E", "bit 7--0", "AB", false, true},
+             Row{1, 0, false, "00F", "bit 7--0", "12", true, false},
+             Row{2, 1, false, "000", "bit 15----0", "34CD", true, true},
+             Row{3, 0, false, "000", "bit 7--0", "34", true, false},
+             Row{3, 1, false, "001", "bit 7--0", "CD", false, true},
+         }) {
+        SCOPED_TRACE(std::string(row.address) + " on bus " + std::to_string(row.cpuType));
+        machine().cpuType = static_cast<std::int16_t>(row.cpuType);
+        memory().setAreaLayout(Area::controlDoDi);
+        for (int second = 0; second < 5; ++second) {
+            dump().timColor().fire();
+        }
+        doubleClick(Area::controlDoDi, row.cell);
+        ASSERT_TRUE(writeDialog().isVisible());
+        EXPECT_EQ(writeDialog().findChild<QRadioButton*>("opnAccess0")->isEnabled(), row.cpuType % 2 == 0);
+        if (row.chooseByte) {
+            writeDialog().findChild<QRadioButton*>("opnAccess1")->click();
+        }
+        EXPECT_EQ(writeText("lblAdr"), row.address);
+        EXPECT_EQ(writeText("lblBitInd"), row.bits);
+        EXPECT_EQ(value().text(), row.value);
+        EXPECT_EQ(shown(Area::controlDoDi, row.cell & ~1).red, row.evenRed);
+        EXPECT_EQ(shown(Area::controlDoDi, row.cell | 1).red, row.oddRed);
+        cancel();
+        EXPECT_FALSE(shown(Area::controlDoDi, row.cell & ~1).red || shown(Area::controlDoDi, row.cell | 1).red);
+    }
+    EXPECT_EQ(memoryWord(machine(), 0x00E), 0x12AB) << "cancel writes nothing";
+}
+
+TEST_F(MemoryView, what_a_write_changed_turns_red_and_the_rest_of_the_word_black) {
+    start(withDump);
+    setMemoryWord(machine(), 0x08E, 0x1200);
+    fire();
+    doubleClick(Area::controlDoDi, 0x80);
+    QTest::keyClicks(&value(), "12cd");
+    QTest::keyClick(&value(), Qt::Key_Return);
+    EXPECT_EQ(memoryWord(machine(), 0x08E), 0x12CD);
+    EXPECT_FALSE(shown(Area::controlDoDi, 0x80).red);
+    EXPECT_TRUE(shown(Area::controlDoDi, 0x81).red);
+    EXPECT_EQ(shown(Area::controlDoDi, 0x81).value, 0xCD);
+}
+
+TEST_F(MemoryView, protection_during_a_scan_is_said_at_the_pointer_or_after_the_dialog) {
+    start(withDump + "CPUTYPE=1\r\n");
+    memory().openArea(Area::c1ToC7);
+    memory().openArea(Area::controlDoDi);
+    fire();
+    doubleClick(Area::controlDoDi, 0);
+    EXPECT_EQ(popupText(), "スキャン中、コントロールワードの上位バイトはライトプロテクト");
+    doubleClick(Area::controlDoDi, 300);
+    EXPECT_EQ(popupText(), "スキャン中はライトプロテクト");
+    program->message()->hide();
+    doubleClick(Area::c1ToC7, 1);
+    EXPECT_EQ(popupText(), "スキャン中はライトプロテクト");
+    EXPECT_FALSE(writeDialog().isVisible());
+    doubleClick(Area::controlDoDi, 300, DumpGrid::Side::ascii);
+    EXPECT_TRUE(writeDialog().isVisible()) << "a character is not checked";
+    EXPECT_EQ(popupText(), "") << "the dialog takes the popup away";
+    cancel();
+    doubleClick(Area::controlDoDi, 1);
+    EXPECT_TRUE(writeDialog().isVisible());
+    cancel();
+
+    machine().cpuType = 0;
+    doubleClick(Area::controlDoDi, 0);
+    QTest::keyClicks(&value(), "ff11");
+    QTest::keyClick(&value(), Qt::Key_Return);
+    EXPECT_EQ(popupText(), "スキャン中、コントロールワードの上位バイトはライトプロテクト。");
+    EXPECT_EQ(memoryWord(machine(), 0x00E) & 0xFF, 0x11);
+}
+
+TEST_F(MemoryView, a_byte_that_waits_is_said_and_the_next_one_brings_it) {
+    start(withDump + "CPUTYPE=1\r\n");
+    machine().chipMemory[reg::hprHigh] = 0x10;
+    doubleClick(Area::controlDoDi, 0x80);
+    QTest::keyClicks(&value(), "12");
+    QTest::keyClick(&value(), Qt::Key_Return);
+    EXPECT_EQ(popupText(), "ハザードプロテクト中。ライトテンポラリバッファへ書き込みました。");
+    EXPECT_EQ(memoryWord(machine(), 0x08E), 0);
+    doubleClick(Area::controlDoDi, 0x81);
+    QTest::keyClicks(&value(), "34");
+    QTest::keyClick(&value(), Qt::Key_Return);
+    EXPECT_EQ(memoryWord(machine(), 0x08E), 0x1234);
+}
+
+TEST_F(MemoryView, byte_and_word_views_move_the_window_by_240_twips) {
+    start(withDump);
+    QWidget* frame = dump().parentWidget();
+    const int left = frame->x();
+    const int width = dump().width();
+    auto* byteButton = dump().findChild<QPushButton*>("cmbBit0");
+    auto* wordButton = dump().findChild<QPushButton*>("cmbBit1");
+    byteButton->click();
+    EXPECT_EQ(frame->x(), left - 16);
+    EXPECT_EQ(dump().width(), width + 16);
+    byteButton->click();
+    EXPECT_EQ(frame->x(), left - 16);
+    wordButton->click();
+    EXPECT_EQ(frame->x(), left);
+    EXPECT_EQ(dump().width(), width);
+}
+
+TEST_F(MemoryView, read_outs_follow_pointer_and_keyboard) {
+    start(withDump);
+    const auto readOut = [this] { return dump().findChild<QLabel*>("lblPointAddress")->text(); };
+    EXPECT_EQ(readOut(), " Pointing Address = ---- ------ : --");
+    QTest::mouseMove(&dump().grid(), dump().grid().cellRect(0, DumpGrid::Side::data).center());
+    EXPECT_EQ(readOut(), " Pointing Address = 00FH (  15) : 00");
+    EXPECT_EQ(dump().grid().cursor().shape(), Qt::BitmapCursor);
+    QTest::mouseMove(&dump().grid(), {2, 2});
+    EXPECT_EQ(readOut(), " Pointing Address = ---- ------ : --");
+    QTest::keyClick(&dump().grid(), Qt::Key_Down);
+    EXPECT_EQ(readOut(), " Pointing Address = 01FH (  31) : 00");
+    QTest::keyClick(&dump().grid(), Qt::Key_Return);
+    EXPECT_EQ(writeText("lblAdr"), "01E");
+    cancel();
+}
+
+TEST_F(MemoryView, always_in_front_takes_the_window_out_of_the_area_and_back) {
+    start(withDump);
+    auto* box = dump().findChild<QCheckBox*>("chkTopMost");
+    for (int time = 0; time < 2; ++time) {
+        box->click();
+        EXPECT_TRUE(dump().isWindow() && dump().isVisible());
+        EXPECT_EQ(main().area().subWindowList().size(), 2);
+        machine().chipMemory[0x080] = static_cast<std::uint8_t>(time + 1);
+        fire();
+        EXPECT_EQ(shown(Area::controlDoDi, 0x8F).value, time + 1) << "it goes on following";
+        box->click();
+        EXPECT_FALSE(dump().isWindow());
+        EXPECT_TRUE(dump().isVisible());
+        EXPECT_EQ(main().area().subWindowList().size(), 3);
+    }
+    main().area().subWindowList().last()->close();
+    EXPECT_FALSE(dump().isVisible());
+    memory().openArea(Area::controlDoDi);
+    EXPECT_TRUE(dump().isVisible()) << "the close box only hides";
+}
+
+}  // namespace
