@@ -3,10 +3,14 @@
 #include "access/views/frmRegister.h"
 #include "core/views/Program.h"
 #include "core/views/frmMDI.h"
+#include "memwin/views/MemoryWindows.h"
+#include "memwin/views/frmDump.h"
 #include "platform/look.h"
 #include "tests/bench.h"
 
 #include <QApplication>
+#include <QMainWindow>
+#include <QMdiArea>
 #include <benchmark/benchmark.h>
 
 namespace {
@@ -35,6 +39,52 @@ void firingWithTheRegisterWindowPainted(benchmark::State& state) {
     }
 }
 BENCHMARK(firingWithTheRegisterWindowPainted);
+
+// All three dump windows as an area to refresh, `state.range` bytes changed at each round.
+void refreshAllAreas(benchmark::State& state) {
+    Machine machine = makersMachine();
+    QMdiArea area;
+    QMainWindow owner;
+    area.resize(1280, 980);
+    area.show();
+    MemoryWindows windows(machine, area, owner);
+    for (const Area each : {Area::controlDoDi, Area::c1ToC7, Area::drc}) {
+        windows.openArea(each);
+    }
+    const auto changed = static_cast<std::size_t>(state.range(0));
+    const bool painted = state.range(1) != 0;
+    for (auto round : state) {
+        for (std::size_t byte = 0; byte < changed; ++byte) {
+            ++machine.chipMemory[byte * (registerBase / changed)];
+        }
+        windows.refreshAllAreas();
+        if (painted) {
+            QApplication::processEvents();
+        }
+    }
+}
+BENCHMARK(refreshAllAreas)
+    ->ArgNames({"changed", "painted"})
+    ->Args({0, 0})
+    ->Args({0, 1})
+    ->Args({100, 0})
+    ->Args({100, 1})
+    ->Args({registerBase, 0})
+    ->Args({registerBase, 1})
+    ->Unit(benchmark::kMicrosecond);
+
+void paintTheLargestGrid(benchmark::State& state) {
+    Machine machine = makersMachine();
+    randomizeMemory(machine, 1);
+    frmDump window(machine, Area::c1ToC7);
+    window.show();
+    QApplication::processEvents();  // a window that isn't on the screen yet paints nothing
+    window.refreshArea();
+    for (auto round : state) {
+        window.grid().repaint();
+    }
+}
+BENCHMARK(paintTheLargestGrid)->Unit(benchmark::kMicrosecond);
 
 // From Main to the last step, without settings and sound beside it.
 void startUp(benchmark::State& state) {

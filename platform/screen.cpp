@@ -2,6 +2,7 @@
 
 #include <QGuiApplication>
 #include <QScreen>
+#include <QStyle>
 #include <QWidget>
 
 #include <algorithm>
@@ -21,8 +22,14 @@ QRect keptOnScreen(QRect frame) {
     return frame;
 }
 
+QSize sizeWithFrame(const QWidget& window) {
+    const QSize framed = window.frameGeometry().size();
+    if (framed.height() > window.height()) {
+        return framed;
+    }
+    return window.size() + QSize(0, window.style()->pixelMetric(QStyle::PM_TitleBarHeight));
+}
+
 void placeWindow(QWidget& window, QPoint place) {
-    // Before the first showing the frame isn't known yet; the size of the content is near enough.
-    const QSize size = window.frameGeometry().size().expandedTo(window.sizeHint());
-    window.move(keptOnScreen({place, size}).topLeft());
+    window.move(keptOnScreen({place, sizeWithFrame(window)}).topLeft());
 }

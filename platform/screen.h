@@ -12,5 +12,8 @@ QRect usableScreen(QPoint point);
 // `frame` moved by the least that brings it wholly onto the screen at its own middle.
 QRect keptOnScreen(QRect frame);
 
+// The size of a window with its frame; an estimate before the window was first shown.
+QSize sizeWithFrame(const QWidget& window);
+
 // Moves a window's frame to `place`, kept on the screen.
 void placeWindow(QWidget& window, QPoint place);

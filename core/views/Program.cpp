@@ -278,10 +278,10 @@ void Program::openRegisterWrite(const QString& name, int row, int top, Half half
     const QRect screen = usableScreen(QPoint(left, top));
     int dialogTop = top + dialogBelow;
     if (dialogTop > screen.bottom() + 1 - dialogFoot) {
-        dialogTop -= frmEditRegister_->height() + dialogAbove;
+        dialogTop -= sizeWithFrame(*frmEditRegister_).height() + dialogAbove;
     }
     frmMessage_->hide();
-    frmEditRegister_->openFor(name, row, half, keptOnScreen({{left, dialogTop}, frmEditRegister_->size()}).topLeft());
+    frmEditRegister_->openFor(name, row, half, keptOnScreen({{left, dialogTop}, sizeWithFrame(*frmEditRegister_)}).topLeft());
 }
 
 void Program::say(const QWidget& form, const Answer& answer) {

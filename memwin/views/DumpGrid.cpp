@@ -330,4 +330,5 @@ void DumpGrid::focusInEvent(QFocusEvent* event) {
 void DumpGrid::focusOutEvent(QFocusEvent* /*event*/) {
     ring_ = false;
     update(cellRect(current_, Side::data));
+    emit pointedNowhere();
 }

@@ -222,9 +222,9 @@ void MemoryWindows::openMemoryWrite(Area area, int cell, QPoint place) {
     const QRect screen = usableScreen(place);
     int top = place.y() + belowCell;
     if (top > screen.bottom() + 1 - dialogFoot) {
-        top -= frmEditMemory_->height() + dialogAbove + belowCell;
+        top = place.y() - sizeWithFrame(*frmEditMemory_).height() - dialogAbove;
     }
     emit messageInTheWay();
-    const QRect kept = keptOnScreen({{place.x(), top}, frmEditMemory_->size()});
+    const QRect kept = keptOnScreen({{place.x(), top}, sizeWithFrame(*frmEditMemory_)});
     frmEditMemory_->openFor(area, QString::fromStdString(window(area)->view().rowText()), cell, kept.topLeft());
 }
