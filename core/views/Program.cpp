@@ -148,8 +148,10 @@ void Program::loadMemoryWindows() {
     connect(windows, &MemoryWindows::messageInTheWay, frmMessage_.get(), &QWidget::hide);
     connect(windows, &MemoryWindows::refreshWanted, this, &Program::refreshAll);
     connect(windows, &MemoryWindows::allCloseWanted, this, [this] {
+        // The register window goes with them, but stays loaded: its marks live on.
         if (frmRegister_ != nullptr) {
-            frmRegister_->close();
+            frmRegister_->hide();
+            frmMDI_->label(Tool::registerWindow).setWindowOpen(false);
         }
     });
 }
@@ -163,6 +165,7 @@ void Program::loadRegister() {
 void Program::fillMemory() {
     if (machine_.memoryClearDefault != 0) {
         clearMemory(machine_);
+        memoryWindows_->repaintAllAreas();
     } else {
         randomizeMemory(machine_, dateNumber());
     }
@@ -224,7 +227,7 @@ void Program::activateTool(Tool tool) {
 }
 
 void Program::showRegisterWindow() {
-    if (frmRegister_ != nullptr) {
+    if (frmRegister_ != nullptr && frmRegister_->isVisible()) {
         QApplication::beep();
         frmRegister_->activateWindow();
         return;
@@ -234,10 +237,12 @@ void Program::showRegisterWindow() {
 }
 
 void Program::openRegisterWindow() {
-    frmRegister_ = std::make_unique<frmRegister>(machine_, frmMDI_.get());
-    connect(frmRegister_.get(), &frmRegister::closed, this, &Program::unloadRegisterWindow);
-    connect(frmRegister_.get(), &frmRegister::registerWriteWanted, this, &Program::openRegisterWrite);
-    positionWindows();
+    if (frmRegister_ == nullptr) {
+        frmRegister_ = std::make_unique<frmRegister>(machine_, frmMDI_.get());
+        connect(frmRegister_.get(), &frmRegister::closed, this, &Program::unloadRegisterWindow);
+        connect(frmRegister_.get(), &frmRegister::registerWriteWanted, this, &Program::openRegisterWrite);
+        positionWindows();
+    }
     frmRegister_->show();
     frmRegister_->refreshRegisters();
     frmMDI_->label(Tool::registerWindow).setWindowOpen(true);

@@ -73,6 +73,7 @@ void MemoryWindows::load(Area area) {
     }
     window = std::make_unique<frmDump>(machine_, area);
     connect(window.get(), &frmDump::cellDoubleClicked, this, &MemoryWindows::cellDoubleClicked);
+    connect(window.get(), &frmDump::activated, this, &MemoryWindows::hideChooser);
     connect(window.get(), &frmDump::topMostWanted, this, &MemoryWindows::setOwnerWindow);
     connect(window.get(), &frmDump::moveWanted, this, [this, area](int dx) {
         QWidget* frame = frameOf(area);

@@ -4,6 +4,7 @@
 #include "platform/twips.h"
 
 #include <QCheckBox>
+#include <QEvent>
 #include <QLabel>
 #include <QPushButton>
 
@@ -78,6 +79,17 @@ frmDump::frmDump(Machine& machine, Area area)
 
 bool frmDump::topMost() const {
     return chkTopMost_->isChecked();
+}
+
+bool frmDump::event(QEvent* event) {
+    if (event->type() == QEvent::WindowActivate && isWindow()) {
+        emit activated();
+        // The smallest window is the one that gets lost behind the others.
+        if (area() == Area::drc && topMost()) {
+            raise();
+        }
+    }
+    return QWidget::event(event);
 }
 
 void frmDump::refreshArea() {

@@ -36,8 +36,13 @@ signals:
     void cellDoubleClicked(Area area, int cell, DumpGrid::Side side, QPoint place);
     // The check box was clicked: the window is to leave the main window's area, or to come back.
     void topMostWanted(Area area, bool onTop);
+    // The window became the one at work, outside the main window's area.
+    void activated();
     // The view got narrower or wider: the window moves by so many pixels.
     void moveWanted(int dx);
+
+protected:
+    bool event(QEvent* event) override;
 
 private:
     void layoutCells(ByteView piMode);

@@ -1,219 +1,271 @@
+// The host CPU at the memory: addresses, writes and reads on the four buses, hazard protection, write protection.
+
 #include "access/memoryAccess.h"
 
-#include "access/hexText.h"
 #include "tests/bench.h"
 
 #include <gtest/gtest.h>
 
 namespace {
 
-constexpr std::uint8_t protection = 0x10;
+constexpr int little8 = 1;
+constexpr int big8 = 3;
 
-Machine onBus(int cpuType, bool hazardWrites = false, bool hazardReads = false) {
+// A bench whose host has the bus `cpuType` and whose HPR is `hpr`: 1000H protects writes, 0010H reads.
+Machine onBus(int cpuType, int hpr = 0) {
     Machine machine = makersMachine();
     machine.cpuType = static_cast<std::int16_t>(cpuType);
-    machine.chipMemory[reg::hprHigh] = hazardWrites ? protection : 0;
-    machine.chipMemory[reg::hprLow] = hazardReads ? protection : 0;
+    setMemoryWord(machine, reg::hprLow, hpr);
     return machine;
 }
 
-// The cell of the window of `rowText` that stands at a bus address.
-int cellAt(const Machine& machine, std::string_view rowText, int address) {
-    for (int cell = 0; cell < 896; ++cell) {
-        if (labelToAddress(machine, rowText, cell) == address) {
-            return cell;
-        }
-    }
-    return -1;
+// Writes at a bus address, through the cell that shows it: the columns count down on a little endian bus.
+WriteResult write(Machine& machine, Width width, int address, std::string_view text) {
+    const int base = address < 0x180 ? 0x000 : address < 0x500 ? 0x180 : 0x500;
+    const int offset = address - base;
+    const int cell = machine.cpuType < 2 ? offset ^ 15 : offset;
+    return writeMemory(machine, base == 0 ? "00x" : base == 0x180 ? "18x" : "50x", cell, width, text);
 }
 
-WriteResult writeByteAt(Machine& machine, int address, std::string_view text) {
-    const std::string_view rowText = address < 0x180 ? "00x" : address < 0x500 ? "18x" : "50x";
-    return writeMemory(machine, rowText, cellAt(machine, rowText, address), Width::byte, text);
+WriteResult writeByte(Machine& machine, int address, std::string_view text) {
+    return write(machine, Width::byte, address, text);
 }
 
-WriteResult writeWordAt(Machine& machine, int address, std::string_view text) {
-    const std::string_view rowText = address < 0x180 ? "00x" : address < 0x500 ? "18x" : "50x";
-    return writeMemory(machine, rowText, cellAt(machine, rowText, address), Width::word, text);
+WriteResult writeWord(Machine& machine, int address, std::string_view text) {
+    return write(machine, Width::word, address, text);
 }
 
-bool holding(const Machine& machine) {
-    return (machine.chipMemory[reg::hprHigh] & 1) != 0;
+int hprOf(const Machine& machine) {
+    return memoryWord(machine, reg::hprLow);
 }
 
-TEST(HexText, is_written_in_upper_case_and_read_in_either) {
-    EXPECT_EQ(hexText(0xAB, 4), "00AB");
-    EXPECT_EQ(hexText(0x1ABC, 2), "1ABC");
-    EXPECT_EQ(hexValue("ffFF"), 0xFFFF);
-    for (const char* bad : {"", "12?", " 12", "0x1", "10000", "-1", "+1", "12 "}) {
-        EXPECT_EQ(hexValue(bad), std::nullopt) << bad;
-    }
-    EXPECT_EQ(byteToBinary(0xA5), "1010_0101");
-}
-
-TEST(BusAddress, counts_down_on_a_little_and_up_on_a_big_endian_bus) {
+TEST(BusAddress, counts_down_a_row_on_a_little_and_up_on_a_big_endian_bus) {
     struct Row {
         const char* rowText;
         int cell, little, big;
     };
-    for (const Row& row : {Row{"00x", 0, 0x00F, 0x000}, Row{"00x", 15, 0x000, 0x00F}, Row{"00x", 383, 0x170, 0x17F},
-                           Row{"18x", 0, 0x18F, 0x180}, Row{"18x", 17, 0x19E, 0x191}, Row{"18x", 895, 0x4F0, 0x4FF},
-                           Row{"50x", 0, 0x50F, 0x500}, Row{"50x", 127, 0x570, 0x57F}}) {
+    for (const Row& row : {Row{"00x", 0, 0x00F, 0x000}, Row{"00x", 15, 0x000, 0x00F}, Row{"00x", 16, 0x01F, 0x010},
+                           Row{"00x", 368, 0x17F, 0x170}, Row{"00x", 383, 0x170, 0x17F}, Row{"18x", 0, 0x18F, 0x180},
+                           Row{"18x", 33, 0x1AE, 0x1A1}, Row{"18x", 880, 0x4FF, 0x4F0}, Row{"18x", 895, 0x4F0, 0x4FF},
+                           Row{"50x", 0, 0x50F, 0x500}, Row{"50x", 112, 0x57F, 0x570}, Row{"50x", 127, 0x570, 0x57F}}) {
         for (int cpuType = 0; cpuType < 4; ++cpuType) {
-            const Machine machine = onBus(cpuType);
-            EXPECT_EQ(labelToAddress(machine, row.rowText, row.cell), cpuType < 2 ? row.little : row.big)
-                << row.rowText << row.cell;
+            EXPECT_EQ(labelToAddress(onBus(cpuType), row.rowText, row.cell), cpuType < 2 ? row.little : row.big)
+                << row.rowText << " " << row.cell << " on bus " << cpuType;
         }
     }
-    EXPECT_EQ(busToMemoryIndex(onBus(1), 0x101), 0x101);
-    EXPECT_EQ(busToMemoryIndex(onBus(3), 0x101), 0x100);
-    EXPECT_EQ(busToMemoryIndex(onBus(2), 0x100), 0x101);
-}
-
-TEST(MemoryWrite, reaches_the_same_word_on_every_bus_and_its_own_byte) {
-    for (int cpuType = 0; cpuType < 4; ++cpuType) {
-        Machine machine = onBus(cpuType);
-        writeWordAt(machine, 0x101, "aB12");
-        EXPECT_EQ(memoryWord(machine, 0x100), 0xAB12) << "bus " << cpuType;
-        writeByteAt(machine, 0x100, "c3");
-        EXPECT_EQ(memoryWord(machine, 0x100), cpuType < 2 ? 0xABC3 : 0xC312) << "bus " << cpuType;
+    for (const auto& [cpuType, even, odd] : Rows<3>{{0, 0x100, 0x101}, {1, 0x100, 0x101}, {2, 0x101, 0x100}, {3, 0x101, 0x100}}) {
+        EXPECT_EQ(busToMemoryIndex(onBus(cpuType), 0x100), even);
+        EXPECT_EQ(busToMemoryIndex(onBus(cpuType), 0x101), odd);
     }
 }
 
-TEST(MemoryWrite, of_a_control_word_keeps_its_status_byte_during_a_scan) {
-    Machine machine = onBus(0);
-    machine.picScanLed.lit = true;
-    setMemoryWord(machine, 0x008, 0x1400);
-    EXPECT_TRUE(writeWordAt(machine, 0x008, "ABCD").upperByteRefused);
-    EXPECT_EQ(memoryWord(machine, 0x008), 0x14CD);
-    EXPECT_FALSE(writeWordAt(machine, 0x008, "1455").upperByteRefused) << "it wouldn't change";
-    EXPECT_FALSE(writeWordAt(machine, 0x080, "ABCD").upperByteRefused) << "a DO word is free";
-    EXPECT_EQ(memoryWord(machine, 0x080), 0xABCD);
-    EXPECT_TRUE(writeWordAt(machine, 0x07E, "ABCD").upperByteRefused) << "the last control word";
-    EXPECT_FALSE(writeByteAt(machine, 0x009, "FF").upperByteRefused) << "a byte isn't asked";
-    EXPECT_EQ(memoryWord(machine, 0x008), 0xFF55);
-    machine.picScanLed.lit = false;
-    EXPECT_FALSE(writeWordAt(machine, 0x008, "ABCD").upperByteRefused);
-    EXPECT_EQ(memoryWord(machine, 0x008), 0xABCD);
+TEST(MemoryWrite, reaches_the_same_word_on_every_bus_and_a_byte_by_its_order) {
+    for (int cpuType = 0; cpuType < 4; ++cpuType) {
+        Machine machine = onBus(cpuType);
+        for (const int address : {0x100, 0x101}) {
+            setMemoryWord(machine, 0x100, 0);
+            const WriteResult result = writeWord(machine, address, "aB12");
+            EXPECT_FALSE(result.buffered || result.upperByteRefused);
+            EXPECT_EQ(memoryWord(machine, 0x100), 0xAB12) << "bus " << cpuType;
+        }
+        writeByte(machine, 0x100, "c3");
+        EXPECT_EQ(memoryWord(machine, 0x100), cpuType < 2 ? 0xABC3 : 0xC312) << "bus " << cpuType;
+        EXPECT_EQ(memoryWord(machine, 0x0FE) + memoryWord(machine, 0x102), 0);
+    }
+}
+
+TEST(MemoryWrite, of_a_control_word_keeps_its_upper_byte_while_the_scan_led_is_lit) {
+    for (int cpuType = 0; cpuType < 4; ++cpuType) {
+        Machine machine = onBus(cpuType);
+        machine.picScanLed.lit = true;
+        for (const auto& [address, text, refused, after] : {std::tuple{0x008, "ABCD", true, 0x14CD},
+                                                            {0x008, "1455", false, 0x1455},
+                                                            {0x009, "AB66", true, 0x1466},
+                                                            {0x07E, "0033", true, 0x1433},
+                                                            {0x080, "ABCD", false, 0xABCD}}) {
+            setMemoryWord(machine, address & ~1, 0x1400);
+            EXPECT_EQ(writeWord(machine, address, text).upperByteRefused, refused) << address << " " << text;
+            EXPECT_EQ(memoryWord(machine, address & ~1), after) << address << " " << text;
+        }
+        EXPECT_FALSE(writeByte(machine, cpuType < 2 ? 0x009 : 0x008, "FF").upperByteRefused) << "a byte isn't asked";
+        EXPECT_EQ(memoryWord(machine, 0x008), 0xFF66);
+        machine.picScanLed.lit = false;
+        machine.scanRunning = true;  // the LED is asked, not the flag
+        EXPECT_FALSE(writeWord(machine, 0x008, "ABCD").upperByteRefused);
+        EXPECT_EQ(memoryWord(machine, 0x008), 0xABCD);
+    }
     EXPECT_EQ(upperByteRefusedPopup().text, "スキャン中、コントロールワードの上位バイトはライトプロテクト。");
     EXPECT_EQ(bufferedPopup().text, "ハザードプロテクト中。ライトテンポラリバッファへ書き込みました。");
 }
 
-TEST(HazardWrite, the_second_byte_brings_the_first_into_its_own_word) {
-    Machine machine = onBus(1, true);
-    setMemoryWord(machine, 0x100, 0x0000);
-    EXPECT_TRUE(writeByteAt(machine, 0x101, "12").buffered);
-    EXPECT_EQ(memoryWord(machine, 0x100), 0x0000);
-    EXPECT_TRUE(holding(machine));
-    EXPECT_FALSE(writeByteAt(machine, 0x100, "34").buffered);
-    EXPECT_EQ(memoryWord(machine, 0x100), 0x1234);
-    EXPECT_EQ(machine.chipMemory[reg::hprHigh], protection);
-
-    writeByteAt(machine, 0x101, "56");
-    writeByteAt(machine, 0x141, "78");
-    EXPECT_EQ(machine.chipMemory[0x141], 0x56) << "the waiting byte overwrites the second one on the same half";
-    EXPECT_EQ(memoryWord(machine, 0x100), 0x1234) << "the word it was meant for stays";
-
-    writeByteAt(machine, 0x102, "9A");
-    EXPECT_FALSE(writeByteAt(machine, 0x011, "10").buffered) << "a control word goes straight to memory";
-    EXPECT_EQ(memoryWord(machine, 0x010), 0x109A);
-}
-
-TEST(HazardWrite, covers_080H_to_4FEH_as_indices) {
-    struct Row {
-        int cpuType, address;
-        bool buffered;
-    };
-    for (const Row& row : {Row{1, 0x07F, false}, Row{1, 0x080, true}, Row{1, 0x4FE, true}, Row{1, 0x4FF, false},
-                           Row{1, 0x500, false}, Row{3, 0x07E, false}, Row{3, 0x080, true}, Row{3, 0x081, true},
-                           Row{3, 0x4FE, false}, Row{3, 0x4FF, true}, Row{0, 0x100, false}, Row{2, 0x100, false}}) {
-        Machine machine = onBus(row.cpuType, true);
-        EXPECT_EQ(writeByteAt(machine, row.address, "5A").buffered, row.buffered) << row.cpuType << " " << row.address;
-        const auto index = static_cast<std::size_t>(busToMemoryIndex(machine, row.address));
-        EXPECT_EQ(machine.chipMemory[index], row.buffered ? 0x00 : 0x5A);
-    }
-}
-
-TEST(HazardWrite, a_waiting_byte_is_dropped_kept_or_committed_by_what_comes_next) {
-    const auto waiting = [] {
-        Machine machine = onBus(1, true);
-        writeByteAt(machine, 0x101, "12");
-        return machine;
-    };
-    Machine machine = waiting();
-    machine.cpuType = 0;
-    writeWordAt(machine, 0x200, "ABCD");
-    EXPECT_EQ(memoryWord(machine, 0x200), 0xABCD);
-    EXPECT_FALSE(holding(machine) || machine.writeTempHighFull) << "dropped by a word";
-
-    machine = waiting();
-    machine.cpuType = 0;
-    writeByteAt(machine, 0x200, "CD");
-    EXPECT_EQ(memoryWord(machine, 0x200), 0x00CD);
-    EXPECT_FALSE(holding(machine) || machine.writeTempHighFull) << "dropped by a byte on a 16-bit bus";
-
-    machine = waiting();
-    writeRegister(machine, reg::hprLow, Width::byte, Half::high, "00");
-    EXPECT_TRUE(holding(machine)) << "switching off keeps it";
-    EXPECT_FALSE(writeByteAt(machine, 0x200, "34").buffered);
-    EXPECT_EQ(memoryWord(machine, 0x200), 0x1234);
-    EXPECT_EQ(machine.chipMemory[reg::hprHigh], 0);
-
-    machine = waiting();
-    resetRegisters(machine);
-    EXPECT_TRUE(machine.writeTempHighFull) << "the flags outlive a reset of the registers";
-    writeByteAt(machine, 0x200, "34");
-    EXPECT_EQ(memoryWord(machine, 0x200), 0x1234);
-}
-
-TEST(HazardRead, the_next_read_is_answered_by_parity) {
-    Machine machine = onBus(1, false, true);
-    setMemoryWord(machine, 0x100, 0x1234);
-    setMemoryWord(machine, 0x2A0, 0xABCD);
-    const auto first = readMemory(machine, "100");
-    EXPECT_EQ(first->value, 0x34);
-    EXPECT_EQ(first->guide, "リードテンポラリバッファにデータを格納しました。");
-    EXPECT_EQ(machine.chipMemory[reg::hprLow], protection | 1);
-    setMemoryWord(machine, 0x100, 0xFFFF);
-    const auto second = readMemory(machine, "2a1");
-    EXPECT_EQ(second->value, 0x12);
-    EXPECT_EQ(second->guide, "リードテンポラリバッファからデータを取得しました。");
-    EXPECT_EQ(machine.chipMemory[reg::hprLow], protection);
-    EXPECT_EQ(readMemory(machine, "2A1")->value, 0xAB);
-    writeRegister(machine, reg::hprLow, Width::byte, Half::low, "00");
-    EXPECT_EQ(readMemory(machine, "005")->value, 0xAB) << "the buffer answers though protection is off";
-    const auto plain = readMemory(machine, "2A1");
-    EXPECT_EQ(plain->value, 0xAB);
-    EXPECT_EQ(plain->guide, "メモリよりデータを取得しました。");
-
-    Machine big = onBus(3, false, true);
-    setMemoryWord(big, 0x100, 0x1234);
-    EXPECT_EQ(readMemory(big, "100")->value, 0x12);
-    EXPECT_EQ(readMemory(big, "101")->value, 0x34);
-}
-
-TEST(HazardRead, covers_080H_to_4FFH_as_bus_addresses) {
-    for (const int cpuType : {1, 3}) {
-        for (const auto& [address, covered] : {std::pair{"07F", false}, {"080", true}, {"4FF", true}, {"500", false}}) {
-            Machine machine = onBus(cpuType, false, true);
-            readMemory(machine, address);
-            EXPECT_EQ((machine.chipMemory[reg::hprLow] & 1) != 0, covered) << cpuType << " " << address;
+TEST(HazardWrite, the_second_byte_brings_the_first_into_memory) {
+    for (const int cpuType : {little8, big8}) {
+        for (const bool highFirst : {true, false}) {
+            Machine machine = onBus(cpuType, 0x1010);
+            const int highAt = cpuType == little8 ? 0x101 : 0x100;
+            const int firstAt = highFirst ? highAt : highAt ^ 1;
+            EXPECT_TRUE(writeByte(machine, firstAt, highFirst ? "12" : "34").buffered);
+            EXPECT_EQ(memoryWord(machine, 0x100), 0);
+            EXPECT_EQ(hprOf(machine), 0x1110);
+            EXPECT_FALSE(writeByte(machine, firstAt ^ 1, highFirst ? "34" : "12").buffered);
+            EXPECT_EQ(memoryWord(machine, 0x100), 0x1234);
+            EXPECT_EQ(hprOf(machine), 0x1010) << "armed again";
+            EXPECT_TRUE(writeByte(machine, 0x100, "56").buffered);
         }
     }
 }
 
-TEST(MemoryRead, refuses_what_is_no_address_and_reads_the_chip_name) {
-    Machine machine = onBus(1, false, true);
-    for (const char* bad : {"800", "FFF", "12?", "???", "12", "1234", "", "g00", " 12"}) {
+TEST(HazardWrite, the_waiting_byte_goes_to_the_word_of_the_second_write) {
+    for (const auto& [first, second, word] : Rows<3>{{0x101, 0x141, 0xAA00},     // the same half: overwritten at once
+                                                     {0x100, 0x140, 0x00AA},     //
+                                                     {0x101, 0x140, 0xAABB},     // the other half of another word
+                                                     {0x100, 0x011, 0xBBAA},     // a control word
+                                                     {0x101, 0x50E, 0xAABB}}) {  // a mask
+        Machine machine = onBus(little8, 0x1000);
+        EXPECT_TRUE(writeByte(machine, first, "AA").buffered);
+        EXPECT_FALSE(writeByte(machine, second, "BB").buffered);
+        EXPECT_EQ(memoryWord(machine, second & ~1), word) << first << " " << second;
+        EXPECT_EQ(memoryWord(machine, 0x100), 0);
+    }
+}
+
+TEST(HazardWrite, covers_080H_to_4FEH_as_indices_on_an_8_bit_bus) {
+    for (const auto& [cpuType, address, buffered] : Rows<3>{{little8, 0x07F, 0},
+                                                            {little8, 0x080, 1},
+                                                            {little8, 0x4FE, 1},
+                                                            {little8, 0x4FF, 0},
+                                                            {little8, 0x500, 0},
+                                                            {big8, 0x07E, 0},
+                                                            {big8, 0x07F, 0},
+                                                            {big8, 0x080, 1},
+                                                            {big8, 0x081, 1},
+                                                            {big8, 0x4FE, 0},
+                                                            {big8, 0x4FF, 1},
+                                                            {big8, 0x501, 0},
+                                                            {0, 0x100, 0},
+                                                            {2, 0x100, 0}}) {
+        Machine machine = onBus(cpuType, 0x1000);
+        EXPECT_EQ(writeByte(machine, address, "5A").buffered, buffered != 0) << cpuType << " " << address;
+        EXPECT_EQ(byteAt(machine, cpuType < 2 ? address : address ^ 1), buffered != 0 ? 0x00 : 0x5A) << cpuType << " " << address;
+        EXPECT_EQ(hprOf(machine), buffered != 0 ? 0x1100 : 0x1000);
+        machine = onBus(cpuType, 0x0010);
+        EXPECT_FALSE(writeByte(machine, address, "5A").buffered) << "only reads are protected";
+    }
+}
+
+// Two writes under protection, and between them whatever else happens to the machine.
+Machine withWaitingHighByte() {
+    Machine machine = onBus(little8, 0x1010);
+    writeByte(machine, 0x101, "12");
+    return machine;
+}
+
+TEST(HazardWrite, a_word_or_a_16_bit_bus_drops_the_waiting_byte) {
+    for (const auto& [cpuType, width] : Rows<2>{{0, 16}, {2, 16}, {little8, 16}, {0, 8}, {2, 8}}) {
+        SCOPED_TRACE(testing::Message() << cpuType << " " << width);
+        Machine machine = withWaitingHighByte();
+        setByte(machine, reg::hprLow, 0x11);
+        machine.cpuType = static_cast<std::int16_t>(cpuType);
+        const int lowAt = cpuType < 2 ? 0x200 : 0x201;
+        EXPECT_FALSE(width == 16 ? writeWord(machine, lowAt, "ABCD").buffered : writeByte(machine, lowAt, "CD").buffered);
+        EXPECT_EQ(memoryWord(machine, 0x200), width == 16 ? 0xABCD : 0x00CD);
+        EXPECT_EQ(hprOf(machine), 0x1011) << "the read buffer is none of its business";
+        machine.cpuType = little8;
+        EXPECT_TRUE(writeByte(machine, 0x300, "34").buffered);
+        EXPECT_FALSE(writeByte(machine, 0x300, "35").buffered);
+        EXPECT_EQ(memoryWord(machine, 0x300), 0x0034) << "nothing left of the byte dropped";
+    }
+}
+
+TEST(HazardWrite, a_waiting_byte_outlasts_switching_off_a_change_of_bus_and_a_reset_of_the_registers) {
+    Machine machine = withWaitingHighByte();
+    writeRegister(machine, 0x584, Width::byte, Half::high, "00");
+    EXPECT_EQ(hprOf(machine), 0x0110);
+    EXPECT_FALSE(writeByte(machine, 0x200, "34").buffered);
+    EXPECT_EQ(memoryWord(machine, 0x200), 0x1234);
+    EXPECT_EQ(hprOf(machine), 0x0010);
+    writeByte(machine, 0x202, "56");
+    EXPECT_EQ(memoryWord(machine, 0x202), 0x0056) << "off";
+
+    machine = withWaitingHighByte();
+    machine.cpuType = big8;
+    writeByte(machine, 0x201, "34");
+    EXPECT_EQ(memoryWord(machine, 0x200), 0x1234);
+
+    machine = withWaitingHighByte();
+    resetRegisters(machine);
+    writeByte(machine, 0x200, "34");
+    EXPECT_EQ(memoryWord(machine, 0x200), 0x1234) << "the commit asks the flags";
+
+    machine = withWaitingHighByte();
+    resetRegisters(machine);
+    setByte(machine, reg::hprHigh, 0x10);
+    EXPECT_TRUE(writeByte(machine, 0x200, "34").buffered) << "the buffering asks HPR";
+    writeByte(machine, 0x300, "56");
+    EXPECT_EQ(memoryWord(machine, 0x300), 0x1234) << "both halves waited";
+}
+
+const std::string_view fromBuffer = "リードテンポラリバッファからデータを取得しました。";
+const std::string_view intoBuffer = "リードテンポラリバッファにデータを格納しました。";
+const std::string_view fromMemory = "メモリよりデータを取得しました。";
+
+TEST(HazardRead, keeps_a_word_and_answers_the_next_read_by_parity) {
+    for (const auto& [cpuType, even, odd] : Rows<3>{{little8, 0x34, 0x12}, {big8, 0x12, 0x34}}) {
+        SCOPED_TRACE(cpuType);
+        const auto byte = [](int value) { return static_cast<std::uint8_t>(value); };
+        Machine machine = onBus(cpuType, 0x1110);
+        setMemoryWord(machine, 0x100, 0x1234);
+        setMemoryWord(machine, 0x2A0, 0xABAB);
+        for (const auto& [address, value] : {std::pair{"2a1", odd}, {"100", even}, {"000", even}, {"7FF", odd}}) {
+            EXPECT_EQ(readMemory(machine, "100"), (ReadResult{byte(even), intoBuffer}));
+            EXPECT_EQ(hprOf(machine), 0x1111);
+            setMemoryWord(machine, 0x100, 0xFFFF);
+            EXPECT_EQ(readMemory(machine, address), (ReadResult{byte(value), fromBuffer})) << address;
+            EXPECT_EQ(hprOf(machine), 0x1110);
+            setMemoryWord(machine, 0x100, 0x1234);
+        }
+        EXPECT_EQ(readMemory(machine, "101"), (ReadResult{byte(odd), intoBuffer}));
+        writeRegister(machine, 0x584, Width::word, Half::low, "0000");
+        EXPECT_EQ(readMemory(machine, "2A0"), (ReadResult{byte(even), fromBuffer})) << "answers though protection is off";
+        EXPECT_EQ(readMemory(machine, "2A0"), (ReadResult{0xAB, fromMemory}));
+    }
+}
+
+TEST(HazardRead, covers_080H_to_4FFH_as_bus_addresses) {
+    for (const int cpuType : {little8, big8}) {
+        for (const auto& [address, covered] : {std::pair{"07E", false},
+                                               {"07F", false},
+                                               {"080", true},
+                                               {"081", true},
+                                               {"4FE", true},
+                                               {"4FF", true},
+                                               {"500", false}}) {
+            Machine machine = onBus(cpuType, 0x0010);
+            EXPECT_EQ(readMemory(machine, address)->guide, covered ? intoBuffer : fromMemory) << cpuType << " " << address;
+            EXPECT_EQ(hprOf(machine), covered ? 0x0011 : 0x0010);
+            machine = onBus(cpuType, 0x1000);
+            EXPECT_EQ(readMemory(machine, address)->guide, fromMemory) << "only writes are protected";
+        }
+    }
+}
+
+TEST(MemoryRead, refuses_what_is_no_address_and_reads_to_the_end) {
+    Machine machine = onBus(little8, 0x0011);
+    for (const char* bad : {"800", "FFF", "12?", "???", "?12", "12", "1234", "0100", "", "g00", " 12", "12 ", "-12"}) {
         EXPECT_EQ(readMemory(machine, bad), std::nullopt) << bad;
     }
-    EXPECT_EQ(machine.chipMemory[reg::hprLow], protection);
-    std::string name;
-    for (const char* address : {"590", "591", "592", "593", "594", "595"}) {
-        name += static_cast<char>(readMemory(machine, address)->value);
+    EXPECT_EQ(hprOf(machine), 0x0011) << "a refused read leaves the buffer";
+    for (const auto& [cpuType, name] : {std::pair{little8, "QDA60 "}, {big8, "DQ6A 0"}}) {
+        machine = onBus(cpuType);
+        std::string text;
+        for (const char* address : {"590", "591", "592", "593", "594", "595"}) {
+            text += static_cast<char>(readMemory(machine, address)->value);
+        }
+        EXPECT_EQ(text, name);
     }
-    EXPECT_EQ(name, "QDA60 ");
-    EXPECT_EQ(readMemory(machine, "7ff")->value, 0);
+    machine = onBus(little8);
+    setByte(machine, 0x7FF, 0x5A);
+    EXPECT_EQ(readMemory(machine, "7ff"), (ReadResult{0x5A, fromMemory}));
 }
 
 TEST(WriteProtection, is_asked_cell_by_cell_while_the_scan_led_is_lit) {
@@ -221,25 +273,26 @@ TEST(WriteProtection, is_asked_cell_by_cell_while_the_scan_led_is_lit) {
     const Answer upperByte = Popup{"スキャン中、コントロールワードの上位バイトはライトプロテクト"};
     const Answer scanWritten = Popup{"スキャン中はライトプロテクト"};
     for (int cpuType = 0; cpuType < 4; ++cpuType) {
-        SCOPED_TRACE(cpuType);
-        Machine machine = onBus(cpuType);
-        const Answer even = cpuType % 2 != 0 ? upperByte : free;
-        for (const bool scan : {true, false}) {
-            machine.picScanLed.lit = scan;
-            const auto expect = [&](Area area, int cell, const Answer& answer) {
-                EXPECT_EQ(memoryWriteRefusal(machine, area, cell), scan ? answer : free) << cell;
-            };
-            expect(Area::controlDoDi, 0, even);
-            expect(Area::controlDoDi, 1, free);
-            expect(Area::controlDoDi, 126, even);
-            expect(Area::controlDoDi, 127, free);
-            expect(Area::controlDoDi, 128, free);
-            expect(Area::controlDoDi, 255, free);
-            expect(Area::controlDoDi, 256, scanWritten);
-            expect(Area::controlDoDi, 383, scanWritten);
-            expect(Area::c1ToC7, 0, scanWritten);
-            expect(Area::c1ToC7, 895, scanWritten);
-            expect(Area::drc, 0, free);
+        const Answer upper = cpuType % 2 != 0 ? upperByte : free;
+        for (const bool lit : {true, false}) {
+            Machine machine = onBus(cpuType);
+            machine.picScanLed.lit = lit;
+            machine.scanRunning = !lit;
+            for (const auto& [area, cell, answer] : {std::tuple{Area::controlDoDi, 0, upper},
+                                                     {Area::controlDoDi, 1, free},
+                                                     {Area::controlDoDi, 126, upper},
+                                                     {Area::controlDoDi, 127, free},
+                                                     {Area::controlDoDi, 128, free},
+                                                     {Area::controlDoDi, 255, free},
+                                                     {Area::controlDoDi, 256, scanWritten},
+                                                     {Area::controlDoDi, 383, scanWritten},
+                                                     {Area::c1ToC7, 0, scanWritten},
+                                                     {Area::c1ToC7, 127, scanWritten},
+                                                     {Area::c1ToC7, 895, scanWritten},
+                                                     {Area::drc, 0, free},
+                                                     {Area::drc, 127, free}}) {
+                EXPECT_EQ(memoryWriteRefusal(machine, area, cell), lit ? answer : free) << cell << " on bus " << cpuType;
+            }
         }
     }
 }

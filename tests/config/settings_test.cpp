@@ -1,30 +1,70 @@
+// The settings file: numbers, forms of the file, the way of every key to its variable, and files that are none.
+
 #include "config/settings.h"
 
-#include "boards/boardSet.h"
 #include "tests/bench.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <fstream>
-#include <set>
+#include <random>
 
 namespace {
+
+namespace fs = std::filesystem;
+
+// All that the settings fill, in the order of the keys; TRANSFER stands for its five elements.
+using Values = std::array<int, 19>;
+
+Values valuesOf(const Machine& machine) {
+    for (const int element : machine.transferDefault) {
+        EXPECT_EQ(element, machine.transferDefault[0]);
+    }
+    const auto& sa = machine.boardSA;
+    const auto& clock = machine.boardClock;
+    const auto& open = machine.openWindowDefault;
+    EXPECT_EQ(open[0], 0);
+    return {machine.cableConnectionDefault,
+            machine.memoryClearDefault,
+            machine.cpuType,
+            machine.transferDefault[0],
+            sa[0],
+            sa[1],
+            sa[2],
+            clock[0],
+            clock[1],
+            clock[2],
+            clock[3],
+            machine.cascadeDefault,
+            machine.ios52,
+            machine.mode52,
+            open[1],
+            open[2],
+            open[3],
+            open[4],
+            open[5]};
+}
+
+constexpr std::array<const char*, 19> keys{"CABLECONNECTION", "MEMORYCLEAR",   "CPUTYPE",     "TRANSFER",    "SA-QDA41",
+                                           "SA-QDA73",        "SA-QDA52",      "CLOCK-QDA60", "CLOCK-QDA41", "CLOCK-QDA73",
+                                           "CLOCK-QDA52",     "CASCADE-QDA41", "IOS-QDA52",   "MODE-QDA52",  "OPENWINDOW1",
+                                           "OPENWINDOW2",     "OPENWINDOW3",   "OPENWINDOW4", "OPENWINDOW5"};
+constexpr Values makersValues{1, 1, 0, 0, 1, 0, 3, 0, 0, 0, 0, 1, 5, 0, 1, 1, 1, 0, 0};
 
 class SettingsFile : public testing::Test {
 protected:
     SettingsFile() {
-        const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-        folder = std::filesystem::temp_directory_path() / ("vrbts-" + std::string(test->name()));
-        std::filesystem::remove_all(folder);
-        std::filesystem::create_directories(folder);
+        const std::string test = testing::UnitTest::GetInstance()->current_test_info()->name();
+        folder = fs::temp_directory_path() / ("vrbts-" + test + "-" + std::to_string(std::random_device{}()));
+        fs::create_directories(folder);
     }
     ~SettingsFile() override {
         std::error_code error;
-        std::filesystem::remove_all(folder, error);
+        fs::remove_all(folder, error);
     }
 
-    std::filesystem::path path() const { return folder / settingsFileName; }
+    fs::path path() const { return folder / "VRB_TS2.INI"; }
     Machine read(const std::string& bytes) {
         std::ofstream(path(), std::ios::binary) << bytes;
         return read();
@@ -35,156 +75,187 @@ protected:
         return machine;
     }
 
-    std::filesystem::path folder;
+    fs::path folder;
 };
 
-// All that the settings fill.
-std::vector<int> valuesOf(Machine& machine) {
-    std::vector<int> values;
-    for (const Setting& setting : settings) {
-        values.push_back(setting.variable(machine));
-    }
-    return values;
-}
-
 TEST(SettingsNumber, is_what_the_text_begins_with) {
-    struct Row {
-        const char* text;
-        int number;
-    };
-    for (const Row& row : {Row{"12", 12},
-                           Row{"12abc", 12},
-                           Row{"abc", 0},
-                           Row{"", 0},
-                           Row{"-1", -1},
-                           Row{"+7", 7},
-                           Row{"  5 ", 5},
-                           Row{"- 3", -3},
-                           Row{"0x10", 0},
-                           Row{"1e3", 1},
-                           Row{"0.5", 0},
-                           Row{"1.5", 2},
-                           Row{"2.5", 2},
-                           Row{"2.51", 3},
-                           Row{"-1.5", -2},
-                           Row{".9", 1},
-                           Row{"1.2.9", 1},
-                           Row{".", 0},
-                           Row{"99999999999", 2147483647},
-                           Row{"-99999999999", -2147483647}}) {
-        EXPECT_EQ(leadingNumber(row.text), row.number) << "\"" << row.text << "\"";
+    for (const auto& [text, number] : {
+             std::pair{"12", 12}, {"12abc", 12}, {"abc", 0},  {"", 0},     {"-1", -1},   {"+7", 7},
+             {"  5 ", 5},         {"\t5", 5},    {"007", 7},  {"--1", 0},  {"0x10", 0},  {"&H10", 0},
+             {"1e3", 1},          {"1d3", 1},    {"3;4", 3},  {"0.5", 0},  {"0.51", 1},  {"1.5", 2},
+             {"2.5", 2},          {"2.51", 3},   {"2.49", 2}, {"-0.5", 0}, {"-1.5", -2}, {"-2.5", -2},
+             {".9", 1},           {"1.2.9", 1},  {".", 0},    {"-", 0},    {"1,9", 1},   {"32767.4", 32767},
+         }) {
+        EXPECT_EQ(leadingNumber(text), number) << "\"" << text << "\"";
     }
-    EXPECT_EQ(leadingNumber(std::string(100000, '9')), 2147483647);
 }
 
-TEST_F(SettingsFile, every_key_reaches_a_variable_of_its_own) {
-    std::set<const std::int16_t*> variables;
-    for (const Setting& setting : settings) {
-        Machine machine = read("[INIT]\r\n" + std::string(setting.key) + "=2\r\n");
-        EXPECT_EQ(setting.variable(machine), 2) << setting.key;
-        std::vector<int> values = valuesOf(machine);
-        EXPECT_EQ(std::count(values.begin(), values.end(), 0), 18) << setting.key << " alone is set";
+TEST_F(SettingsFile, every_key_reaches_its_variable_and_no_other) {
+    for (std::size_t index = 0; index < keys.size(); ++index) {
+        Values expected{};
+        expected[index] = 2;
+        EXPECT_EQ(valuesOf(read(std::string("[INIT]\r\n") + keys[index] + "=2\r\n")), expected) << keys[index];
     }
-    Machine machine = read("[INIT]\nSA-QDA73=5\nOPENWINDOW4=1\nTRANSFER=1\nCLOCK-QDA52=2\n");
-    EXPECT_EQ(machine.boardSA[saQDA73], 5);
-    EXPECT_EQ(machine.openWindowDefault[4], 1);
-    EXPECT_EQ(machine.boardClock[clockQDA52], 2);
-    EXPECT_EQ(machine.transferDefault, (std::array<std::int16_t, 5>{1, 1, 1, 1, 1}));
-    EXPECT_EQ(machine.iniPath, path().string());
+    std::string text = "[INIT]\r\n";
+    Values descending{};
+    for (std::size_t index = keys.size(); index-- > 0;) {  // the order in the file is of no account
+        descending[index] = makersValues[index] != 0 ? 0 : 1;
+        text += std::string(keys[index]) + "=" + std::to_string(descending[index]) + "\r\n";
+    }
+    EXPECT_EQ(valuesOf(read(text)), descending);
+    EXPECT_EQ(read(text).iniPath, path().string());
 }
 
-TEST_F(SettingsFile, is_read_in_every_form_that_was_ever_written) {
-    const std::string japanese = "\x93\xfa\x96\x7b=1\r\n; \x83\x5c\x83\x5d\r\n";  // the Japanese code page
+TEST_F(SettingsFile, clears_the_board_state_first) {
+    std::ofstream(path()) << "[INIT]\nIOS-QDA52=6\n";
+    Machine machine;
+    Mdef_Set(machine);
+    machine.mode52 = 3;
+    machine.doLatch52 = 9;
+    machine.writeTempHighFull = true;
+    readSettings(machine, folder);
+    Values expected{};
+    expected[12] = 6;
+    EXPECT_EQ(valuesOf(machine), expected);
+    EXPECT_EQ(machine.doLatch52, 0U);
+    EXPECT_FALSE(machine.writeTempHighFull);
+}
+
+TEST_F(SettingsFile, is_read_in_every_form_of_text) {
+    const std::string mark = "\xEF\xBB\xBF";
+    const std::string codePage = "\x93\xfa\x96\x7b=1\r\n; \x83\x5c\x83\x5d\r\n\x83\x5c=\x83\x5b\r\n";
     for (const std::string& text : {
              std::string("[INIT]\nMODE-QDA52=3\n"),
              std::string("[INIT]\r\nMODE-QDA52=3"),
-             std::string("\xEF\xBB\xBF[INIT]\r\nMODE-QDA52=3\r\n"),
-             std::string("[OTHER]\nMODE-QDA52=1\n[init]\n;MODE-QDA52=2\nmode-qda52 = 3 \n[MORE]\nMODE-QDA52=1\n"),
-             std::string("  [ INIT ]  \n\tMODE-QDA52\t=\t\"3\"\n"),
-             std::string("[INIT]\nMODE-QDA52='3'\nMODE-QDA52=1\n"),
-             "[INIT]\r\n" + japanese + "MODE-QDA52=3\r\n",
-             "[INIT]\nLONG=" + std::string(100000, 'x') + "\nno equals sign\n=\n\nMODE-QDA52=3\n",
+             mark + "[INIT]\r\nMODE-QDA52=3\r\n",
+             mark + "; 設定\n[INIT]\n日本=1\nMODE-QDA52=3\n",
+             "[INIT]\r\n" + codePage + "MODE-QDA52=3\r\n",
+             std::string("[OTHER]\nMODE-QDA52=1\n[init]\n;MODE-QDA52=2\nmode-Qda52=3\n[MORE]\nMODE-QDA52=1\n"),
+             std::string("  [INIT]  \n\t MODE-QDA52\t = \t3 \n"),
+             std::string("[INIT]\nMODE-QDA52=\"3\"\n"),
+             std::string("[INIT]\nMODE-QDA52= '3' \r\n"),
+             std::string("[INIT]\nMODE-QDA52=3\nMODE-QDA52=1\n"),
+             std::string("[INIT]\nMODE-QDA5=1\nMODE-QDA522=1\nMODE-QDA52=3=1\n"),
+             std::string("[INIT]\n[\n]\n=\n\nMODE-QDA52\nno equals sign\n[]\n[INIT]\nMODE-QDA52=3\n"),
+             "[INIT]\nLONG=" + std::string(100000, 'x') + "\n" + std::string(100000, 'y') + "\nMODE-QDA52=3\n",
+             "[INIT]\nMODE-QDA52=" + std::string(100000, ' ') + "3\n",
+             "[INIT]\nMODE-QDA52=" + std::string(254, '0') + "3\n",
+             std::string("[INIT]\n\0\0\nMODE-QDA52=3\n\0", 25),
          }) {
-        EXPECT_EQ(read(text).mode52, 3) << text.substr(0, 80);
+        Values expected{};
+        expected[13] = 3;
+        EXPECT_EQ(valuesOf(read(text)), expected) << text.substr(0, 80);
     }
-    EXPECT_EQ(read("MODE-QDA52=3\n").mode52, 0) << "outside the section";
-    EXPECT_EQ(read("[INIT\nMODE-QDA52=3\n").mode52, 3) << "an unclosed bracket";
+    for (const std::string& text :
+         {std::string("MODE-QDA52=3\n"), std::string("[INITIAL]\nMODE-QDA52=3\n"), std::string("[INIT]\nMODE-QDA52=\n"),
+          std::string("[INIT]\nMODE-QDA52\n=3"), "[INIT]\nMODE-QDA52=" + std::string(255, '0') + "3\n"}) {
+        EXPECT_EQ(valuesOf(read(text)), Values{}) << text.substr(0, 80);
+    }
 }
 
 TEST_F(SettingsFile, an_index_outside_its_list_or_16_bits_reads_as_absent) {
-    struct Row {
-        const char* key;
-        const char* value;
-        int taken;
-    };
-    for (const Row& row :
-         {Row{"CPUTYPE", "3", 3}, Row{"CPUTYPE", "4", 0}, Row{"CPUTYPE", "-1", 0}, Row{"SA-QDA41", "62", 62},
-          Row{"SA-QDA41", "63", 0}, Row{"CLOCK-QDA41", "2", 2}, Row{"CLOCK-QDA41", "3", 0}, Row{"CLOCK-QDA73", "3", 3},
-          Row{"CLOCK-QDA52", "3", 0}, Row{"IOS-QDA52", "7", 7}, Row{"IOS-QDA52", "8", 0}, Row{"MODE-QDA52", "4", 0},
-          Row{"TRANSFER", "-1", -1}, Row{"MEMORYCLEAR", "32767", 32767}, Row{"MEMORYCLEAR", "32768", 0},
-          Row{"MEMORYCLEAR", "-32768", -32768}, Row{"MEMORYCLEAR", "-32769", 0}}) {
-        Machine machine = read(std::string("[INIT]\n") + row.key + "=" + row.value + "\n");
-        const std::vector<int> values = valuesOf(machine);
-        std::vector<int> expected(settings.size(), 0);
-        for (std::size_t index = 0; index < settings.size(); ++index) {
-            expected[index] = settings[index].key == row.key ? row.taken : 0;
+    constexpr int last = 32767;
+    constexpr Values greatest{last, last, 3, last, 62, 62, 62, 3, 2, 3, 2, last, 7, 3, last, last, last, last, last};
+    for (std::size_t index = 0; index < keys.size(); ++index) {
+        const bool list = greatest[index] != last;
+        for (const auto& [number, taken] : {std::pair{greatest[index], true},
+                                            {greatest[index] + 1, false},
+                                            {-1, !list},
+                                            {-32768, !list},
+                                            {-32769, false},
+                                            {65536 + 1, false}}) {
+            Values expected{};
+            expected[index] = taken ? number : 0;
+            EXPECT_EQ(valuesOf(read(std::string("[INIT]\n") + keys[index] + "=" + std::to_string(number))), expected)
+                << keys[index] << "=" << number;
         }
-        EXPECT_EQ(values, expected) << row.key << "=" << row.value;
+        const std::string tooLong = std::string("[INIT]\n") + keys[index] + "=" + std::string(200, '9');
+        EXPECT_EQ(valuesOf(read(tooLong)), Values{}) << keys[index];
     }
 }
 
-TEST_F(SettingsFile, that_is_missing_a_folder_or_huge_noise_starts_as_a_missing_one) {
-    Machine missing = read();
-    EXPECT_EQ(valuesOf(missing), std::vector<int>(settings.size(), 0));
+TEST_F(SettingsFile, that_is_missing_a_folder_or_noise_reads_as_a_missing_one) {
+    EXPECT_EQ(valuesOf(read()), Values{});
 
-    std::ofstream(path(), std::ios::binary) << "[INIT]\nMODE-QDA52=3\n";
-    std::filesystem::resize_file(path(), 100'000'000);
-    EXPECT_EQ(read().mode52, 0) << "100 MB are no settings";
+    std::string noise(1 << 19, ' ');
+    std::minstd_rand random;
+    for (char& byte : noise) {
+        byte = static_cast<char>(random() >> 8);
+    }
+    EXPECT_EQ(valuesOf(read(noise)), Values{});
 
-    std::filesystem::remove(path());
-    std::filesystem::create_directory(path());
-    EXPECT_EQ(read().mode52, 0);
+    fs::resize_file(path(), 100'000'000);
+    const auto before = std::chrono::steady_clock::now();
+    EXPECT_EQ(valuesOf(read()), Values{});
+    EXPECT_LT(std::chrono::steady_clock::now() - before, std::chrono::seconds(2)) << "the start must not hang on it";
 
-    std::filesystem::remove_all(folder);
-    EXPECT_EQ(read().mode52, 0);
+    fs::remove(path());
+    fs::create_directory(path());
+    EXPECT_EQ(valuesOf(read()), Values{});
+
+    fs::remove_all(folder);
+    EXPECT_EQ(valuesOf(read()), Values{});
+}
+
+TEST_F(SettingsFile, that_cannot_be_read_reads_as_a_missing_one) {
+    std::ofstream(path()) << "[INIT]\nMODE-QDA52=3\n";
+    fs::permissions(path(), fs::perms::none);
+    if (!std::ifstream(path())) {  // somebody who may read everything learns nothing here
+        EXPECT_EQ(valuesOf(read()), Values{});
+    }
+    fs::remove(path());
+
+    const fs::path failing = "/proc/self/mem";  // opens, and fails at the first byte
+    if (!fs::exists(failing)) {
+        GTEST_SKIP() << "no file here that fails when it is read";
+    }
+    fs::create_symlink(failing, path());
+    EXPECT_NO_THROW(EXPECT_EQ(valuesOf(read()), Values{}));
 }
 
 TEST_F(SettingsFile, without_one_all_boards_stand_on_SA_1_and_off_the_cable) {
     Machine machine = read();
     setUpBench(machine);
     EXPECT_EQ(machine.boardSA, (std::array<std::int16_t, 3>{1, 1, 1}));
-    EXPECT_FALSE(machine.picBOARD2_RXD[0].plugged || machine.picBOARD2_RXD[1].plugged || machine.picBOARD2_RXD[3].plugged);
-    EXPECT_FALSE(machine.picBridge.visible);
+    for (const Connector& link : machine.picBOARD2_RXD) {
+        EXPECT_FALSE(link.plugged);
+    }
+    EXPECT_FALSE(machine.picBOARD1_RXD[0].plugged || machine.picBridge.visible);
     EXPECT_EQ(machine.duplexBit, 16);
-    EXPECT_FALSE(machine.picPI[64].output) << "IOS mode 0: inputs";
 }
 
-TEST(MakersValues, put_the_boards_on_SA_1_to_4_with_all_cables_plugged) {
+TEST(MakersValues, put_four_answering_stations_on_the_cable) {
     Machine machine;
+    for (const Setting& setting : settings) {
+        setting.variable(machine) = 2;
+    }
     machine.transferDefault.fill(1);
-    machine.boardClock.fill(3);
     Mdef_Set(machine);
-    EXPECT_EQ(machine.transferDefault, (std::array<std::int16_t, 5>{}));
-    EXPECT_EQ(machine.boardClock, (std::array<std::int16_t, 4>{}));
+    EXPECT_EQ(valuesOf(machine), makersValues);
+    EXPECT_EQ(machine.iniPath, "");
+
     setUpBench(machine);
-    EXPECT_EQ(machine.boardSA, (std::array<std::int16_t, 3>{2, 1, 4}));
-    EXPECT_TRUE(machine.picBOARD1_RXD[0].plugged && machine.picBridge.visible);
-    EXPECT_TRUE(machine.picPI[64].output) << "IOS mode 5: outputs";
-    EXPECT_EQ(machine.openWindowDefault, (std::array<std::int16_t, 6>{0, 1, 1, 1, 0, 0}));
+    resetRegisters(machine);
+    machine.chipMemory[reg::scrHigh] = 5;
+    for (const int slot : {slotQDA73, slotQDA41, slotCascade, slotQDA52}) {
+        setInput(machine, slot, slot);
+    }
+    ticks(machine, 5);
+    for (const auto& [sa, slot] : Rows<2>{{1, slotQDA73}, {2, slotQDA41}, {3, slotCascade}, {4, slotQDA52}}) {
+        EXPECT_EQ(memoryWord(machine, diBase + 2 * sa), slot);
+        EXPECT_EQ(statusOf(machine, sa), 0);
+    }
+    EXPECT_EQ(statusOf(machine, 5), 0x14) << "nobody there";
 }
 
-TEST(BenchSettings, plug_and_fit_only_by_exactly_1) {
-    for (const std::int16_t setting : {std::int16_t{0}, std::int16_t{2}, std::int16_t{-1}}) {
+TEST(MakersValues, of_the_bench_plug_and_fit_only_by_exactly_1) {
+    for (const int setting : {0, 2, -1}) {
         Machine machine;
         Mdef_Set(machine);
-        machine.cableConnectionDefault = setting;
-        machine.cascadeDefault = setting;
-        machine.transferDefault.fill(setting);
+        machine.cableConnectionDefault = static_cast<std::int16_t>(setting);
+        machine.cascadeDefault = static_cast<std::int16_t>(setting);
         setUpBench(machine);
         EXPECT_FALSE(machine.picBOARD2_RXD[0].plugged || machine.picBridge.visible) << setting;
-        EXPECT_EQ(machine.duplexBit, 16) << "the jumpers ask for exactly 1";
-        resetRegisters(machine);
-        EXPECT_EQ(machine.duplexBit, setting == 0 ? 16 : 0) << "the reset for anything but 0";
     }
 }
 

@@ -99,8 +99,12 @@ TEST_F(MemoryView, the_chooser_leads_to_every_window_and_closes_them_all) {
         for (const Area area : {Area::controlDoDi, Area::c1ToC7, Area::drc}) {
             EXPECT_FALSE(dump(area).isVisible());
         }
-        EXPECT_TRUE(program->registerWindow() == nullptr || !registers().isVisible());
+        ASSERT_NE(program->registerWindow(), nullptr) << "they stay loaded";
+        EXPECT_FALSE(registers().isVisible());
     }
+    EXPECT_EQ(main().label(Tool::registerWindow).cursor().shape(), Qt::BitmapCursor);
+    QTest::mouseClick(&main().label(Tool::registerWindow), Qt::LeftButton);
+    EXPECT_TRUE(registers().isVisible());
     machine().chipMemory[0x500] = 0x77;
     fire();
     memory().openArea(Area::drc);
