@@ -68,7 +68,7 @@ void Program::addStartSteps() {
         frmVersion_->showProcess();
         frmVersion_->open();
     });
-    addLoadSteps();
+    loadWindows();
     steps_.emplace_back([this] {
         machine_.startupDone = true;
         resetRegisters(machine_);
@@ -78,7 +78,7 @@ void Program::addStartSteps() {
     });
 }
 
-void Program::addLoadSteps() {
+void Program::loadWindows() {
     const auto step = [this](const char* message, std::function<void()> load) {
         steps_.emplace_back([this, message, load = std::move(load)] {
             frmVersion_->showProgress(message);

@@ -67,7 +67,7 @@ signals:
 
 private:
     void addStartSteps();
-    void addLoadSteps();
+    void loadWindows();
     void runNextStep();
     void loadMain();
     void loadDialogs();

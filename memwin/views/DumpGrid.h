@@ -1,8 +1,9 @@
 // The grid of a dump window: one painted widget with the hexadecimal cells (Picture1) and the characters beside them
 // (Picture2). It repaints the cells that changed and no others.
 //
-//   |strip| adr.  column labels under their wedges     | Ascii Dump      |
-//   |     | 00x   cell 0 ... cell 15                   | . . . .         |
+//   |picInd| lblTitle  lblOff 0 to 15 under linLow, linHigh | Label1, lblOff 16 to 31 |
+//   |      | lblAdr 0  lblData 0 ... 15                     | lblASC 0 ... 15         |
+//   |      | lblAdr 1  lblData 16 ...                       | lblASC 16 ...           |      Line1 after eight rows
 //
 // The keyboard walks over the cells with the arrows, Home, End, Page Up and Page Down; Enter is the double click.
 

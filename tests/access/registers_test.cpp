@@ -13,19 +13,14 @@ const Answer unsuitable = Popup{"入力された値が不適切であるため�
 const Answer readOnly = Popup{"このレジスタはリードオンリーです。"};
 const Answer protectedInScan = Popup{"スキャン中はライトプロテクト。"};
 
-Answer warning(const std::string& text) {
-    return Warning{text, "   警 告", Warning::Kind::okOnly};
-}
-
-const Answer mismatchWord = warning(
-    "ＢＣＲレジスタのフル/ハーフ設定がハードウェア設定と一致していません。\n\n"
-    "ハードウェアの設定を変更するか、ＢＣＲの値を変更してください。");
-const Answer mismatchHigh = warning(
-    "ＢＣＲレジスタのフル/ハーフ設定がハードウェア設定と一致していません。\n\n"
-    "ハードウェアの設定を変更するか、ＢＣＲの値を変更するまで開始しません。");
-const Answer mismatchLow = warning(
-    "通信設定がハードウェア設定と一致していません。\n\n"
-    "ハードウェアの設定を変更するか、レジスタの値を変更するまで停止します。");
+const std::string title = "   警 告";
+const std::string bcrMismatch = "ＢＣＲレジスタのフル/ハーフ設定がハードウェア設定と一致していません。\n\n";
+const Answer mismatchWord = Warning{bcrMismatch + "ハードウェアの設定を変更するか、ＢＣＲの値を変更してください。", title};
+const Answer mismatchHigh =
+    Warning{bcrMismatch + "ハードウェアの設定を変更するか、ＢＣＲの値を変更するまで開始しません。", title};
+const Answer mismatchLow = Warning{
+    "通信設定がハードウェア設定と一致していません。\n\nハードウェアの設定を変更するか、レジスタの値を変更するまで停止します。",
+    title};
 
 enum Cover { word, low, high };
 
@@ -69,49 +64,45 @@ TEST(SCR, refuses_what_does_not_suit_and_takes_the_rest) {
         const char* text;
         int scr;  // afterwards, from 0707H; -1 when the value doesn't suit
     };
-    for (const Row& row : {
-             // Both halves at once, as they are written and not as they would be stored.
-             Row{none, 1, word, "0404", -1},
-             Row{none, 0, word, "0404", -1},
-             Row{none, 0, word, "4080", -1},
-             Row{none, 1, low, "04", 0x0704},
-             Row{none, 1, high, "04", 0x0407},
-             // The high byte in a continuous scan.
-             Row{continuous, 1, word, "0300", -1},
-             Row{continuous, 0, word, "4000", -1},
-             Row{continuous, 1, high, "03", -1},
-             Row{continuous, 1, high, "40", -1},
-             Row{continuous, 1, high, "00", 0x0007},
-             Row{continuous, 1, word, "0008", 0x0008},
-             Row{continuous, 1, word, "0000", 0x0000},
-             Row{continuous, 1, low, "09", 0x0709},
-             // Anything but 0 in a single scan.
-             Row{single, 1, word, "0003", -1},
-             Row{single, 1, word, "0300", -1},
-             Row{single, 1, low, "03", -1},
-             Row{single, 1, high, "03", -1},
-             Row{single, 0, low, "40", -1},
-             Row{single, 0, high, "80", -1},
-             Row{single, 1, word, "0000", 0x0000},
-             Row{single, 1, low, "00", 0x0700},
-             Row{single, 1, high, "00", 0x0007},
-             // Station 1 alone in full duplex, in the six bits that are stored.
-             Row{none, 1, word, "0001", -1},
-             Row{none, 1, word, "0100", -1},
-             Row{none, 1, word, "0081", -1},
-             Row{none, 1, word, "C100", -1},
-             Row{none, 1, low, "41", -1},
-             Row{none, 1, high, "41", -1},
-             Row{continuous, 1, low, "01", -1},
-             Row{none, 0, word, "0001", 0x0001},
-             Row{none, 0, word, "0100", 0x0100},
-             Row{none, 0, low, "41", 0x0701},
-             Row{none, 0, high, "81", 0x0107},
-             Row{none, 1, low, "42", 0x0702},
-             Row{none, 1, high, "c2", 0x0207},
-             Row{none, 1, word, "00ff", 0x003F},
-             Row{none, 1, word, "FF00", 0x3F00},
-         }) {
+    // Both halves at once; the high byte in a continuous scan; anything but 0 in a single scan; station 1 alone in full
+    // duplex. The last one asks the six bits that are stored, the others the digits as they are written.
+    for (const Row& row : {Row{none, 1, word, "0404", -1},
+                           Row{none, 0, word, "0404", -1},
+                           Row{none, 0, word, "4080", -1},
+                           Row{none, 1, low, "04", 0x0704},
+                           Row{none, 1, high, "04", 0x0407},
+                           Row{continuous, 1, word, "0300", -1},
+                           Row{continuous, 0, word, "4000", -1},
+                           Row{continuous, 1, high, "03", -1},
+                           Row{continuous, 1, high, "40", -1},
+                           Row{continuous, 1, high, "00", 0x0007},
+                           Row{continuous, 1, word, "0008", 0x0008},
+                           Row{continuous, 1, word, "0000", 0x0000},
+                           Row{continuous, 1, low, "09", 0x0709},
+                           Row{single, 1, word, "0003", -1},
+                           Row{single, 1, word, "0300", -1},
+                           Row{single, 1, low, "03", -1},
+                           Row{single, 1, high, "03", -1},
+                           Row{single, 0, low, "40", -1},
+                           Row{single, 0, high, "80", -1},
+                           Row{single, 1, word, "0000", 0x0000},
+                           Row{single, 1, low, "00", 0x0700},
+                           Row{single, 1, high, "00", 0x0007},
+                           Row{none, 1, word, "0001", -1},
+                           Row{none, 1, word, "0100", -1},
+                           Row{none, 1, word, "0081", -1},
+                           Row{none, 1, word, "C100", -1},
+                           Row{none, 1, low, "41", -1},
+                           Row{none, 1, high, "41", -1},
+                           Row{continuous, 1, low, "01", -1},
+                           Row{none, 0, word, "0001", 0x0001},
+                           Row{none, 0, word, "0100", 0x0100},
+                           Row{none, 0, low, "41", 0x0701},
+                           Row{none, 0, high, "81", 0x0107},
+                           Row{none, 1, low, "42", 0x0702},
+                           Row{none, 1, high, "c2", 0x0207},
+                           Row{none, 1, word, "00ff", 0x003F},
+                           Row{none, 1, word, "FF00", 0x3F00}}) {
         SCOPED_TRACE(testing::Message() << row.text << " cover " << row.cover << " scan " << row.scan << " full "
                                         << row.fullDuplex);
         Machine machine = makersMachine();
