@@ -1,59 +1,64 @@
 #include "boards/boardSet.h"
 
-#include "core/portOutput.h"
+#include "access/hexText.h"
+#include "boards/network.h"
+#include "boards/portPins.h"
+#include "boards/stationCheck.h"
 
-#include <string_view>
-
-namespace {
-
-// By IOS mode, pin 15 on the left: input, output, or taken away from the port.
-constexpr std::array<std::string_view, 8> pinPatterns{
-    "IIIIIIIIIIIIIIII", "OOOOIIIIIIIIIIII", "OOOOOOOOIIIIIIII", "OOOOOOOOOOOOIIII",
-    "OOOOOOOOOOOOOOII", "OOOOOOOOOOOOOOOO", "****OOOOIIIIIIII", "****OOOO****IIII",
-};
-
-void setPinPattern(Machine& machine) {
-    constexpr auto group = std::size_t{16} * (slotQDA52 - 1);
-    const auto mode = static_cast<std::size_t>(machine.ios52);
-    const std::string_view pattern = pinPatterns[mode < pinPatterns.size() ? mode : 0];
-    for (std::size_t bit = 0; bit < pattern.size(); ++bit) {
-        const char kind = pattern[pattern.size() - 1 - bit];
-        Pin& pin = machine.picPI[group + bit];
-        if (kind == '*') {
-            pin.visible = false;
-        } else {
-            pin = {.output = kind == 'O'};
-        }
-    }
-    machine.diImage[8] = 0;
-    machine.diImage[9] = 0;
+std::string addressItem(int listIndex) {
+    return "0x" + hexText(static_cast<unsigned>(listIndex + 1), 2);
 }
 
-}  // namespace
+Answer applySA(Machine& machine, std::size_t board, std::string_view digits) {
+    machine.boardSA[board] = static_cast<std::int16_t>(hexValue(digits).value_or(0));
+    return chkSADup(machine);
+}
+
+Answer cmbSA_LostFocus(Machine& machine, std::size_t board, int listIndex) {
+    machine.cmbSA[board].listIndex = static_cast<std::int16_t>(listIndex);
+    return applySA(machine, board, addressItem(listIndex).substr(2));
+}
+
+void cmbClock41_LostFocus(Machine& machine, int listIndex) {
+    machine.cmbClock41.listIndex = static_cast<std::int16_t>(listIndex);
+    machine.boardClock[clockQDA41] = machine.cmbClock41.listIndex;
+}
+
+void cmbClock52_LostFocus(Machine& machine, int listIndex) {
+    machine.cmbClock52.listIndex = static_cast<std::int16_t>(listIndex);
+    machine.boardClock[clockQDA52] = static_cast<std::int16_t>(listIndex + (machine.picBPSS.on ? 1 : 0));
+}
+
+void cmbBPS73_LostFocus(Machine& machine, int listIndex) {
+    machine.cmbBPS73.listIndex = static_cast<std::int16_t>(listIndex);
+    machine.boardClock[clockQDA73] = machine.cmbBPS73.listIndex;
+}
+
+void cmbCPUType_LostFocus(Machine& machine, int listIndex) {
+    machine.cmbCPUType.listIndex = static_cast<std::int16_t>(listIndex);
+    machine.cpuType = machine.cmbCPUType.listIndex;
+}
+
+void picBPSS_DblClick(Machine& machine) {
+    std::int16_t& rate = machine.boardClock[clockQDA52];
+    machine.picBPSS.on = !machine.picBPSS.on;
+    if (machine.picBPSS.on) {
+        ++rate;
+    } else if (rate != 0) {
+        --rate;
+    }
+}
 
 void initCombo(Machine& machine) {
-    for (std::int16_t& address : machine.boardSA) {
-        ++address;
+    machine.cmbCPUType.listIndex = machine.cpuType;
+    for (const std::size_t board : {saQDA41, saQDA73, saQDA52}) {
+        cmbSA_LostFocus(machine, board, machine.boardSA[board]);
     }
-    if (machine.picBPSS.on) {
-        ++machine.boardClock[clockQDA52];
-    }
-    setPinPattern(machine);
-    showDO52(machine);
-}
-
-void initConnections(Machine& machine) {
-    if (machine.cableConnectionDefault == 1) {
-        machine.picBOARD1_RXD[0].plugged = true;
-        machine.picBOARD1_RXD[1].plugged = false;
-        for (const std::size_t connector : linkConnector) {
-            machine.picBOARD2_RXD[connector].plugged = true;
-        }
-    }
-    if (machine.cascadeDefault == 1) {
-        machine.picBridge.visible = true;
-    }
-    machine.duplexBit = machine.transferDefault[0] == 1 ? 0 : fullDuplexBit;
+    cmbClock41_LostFocus(machine, machine.boardClock[clockQDA41]);
+    cmbClock52_LostFocus(machine, machine.boardClock[clockQDA52]);
+    cmbBPS73_LostFocus(machine, machine.boardClock[clockQDA73]);
+    machine.cmbMode.listIndex = machine.mode52;
+    cmbIOS_LostFocus(machine, machine.ios52);
 }
 
 void setUpBench(Machine& machine) {
@@ -64,14 +69,15 @@ void setUpBench(Machine& machine) {
     machine.picMON_LED52 = untouched.picMON_LED52;
     machine.picSE = untouched.picSE;
     machine.picInt = untouched.picInt;
-    machine.picPI = untouched.picPI;
-    machine.picPO = untouched.picPO;
-    machine.picSSA = untouched.picSSA;
-    machine.picSSB = untouched.picSSB;
-    machine.picBPSS = untouched.picBPSS;
     machine.picBOARD1_RXD = untouched.picBOARD1_RXD;
     machine.picBOARD2_RXD = untouched.picBOARD2_RXD;
     machine.picBridge = untouched.picBridge;
+    machine.picCableUpTop = untouched.picCableUpTop;
+    machine.picTermR = untouched.picTermR;
+    machine.picReset = untouched.picReset;
+    machine.picCLR = untouched.picCLR;
+    machine.picBPSS = untouched.picBPSS;
+    initPins(machine);
     initCombo(machine);
     initConnections(machine);
 }

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <fstream>
-#include <iterator>
 #include <limits>
 #include <system_error>
 
@@ -75,11 +74,20 @@ std::string_view ProfileFile::value(std::string_view section, std::string_view k
 
 ProfileFile readProfileFile(const std::filesystem::path& path) {
     std::error_code error;
-    if (!std::filesystem::is_regular_file(path, error) || std::filesystem::file_size(path, error) > largestFile || error) {
+    if (!std::filesystem::is_regular_file(path, error)) {
         return {};
     }
+    const std::uintmax_t size = std::filesystem::file_size(path, error);
+    if (error || size > largestFile) {
+        return {};
+    }
+    std::string bytes(static_cast<std::size_t>(size), '\0');
     std::ifstream file(path, std::ios::binary);
-    return ProfileFile(std::string(std::istreambuf_iterator<char>(file), {}));
+    // A read that fails half way leaves no settings rather than half of them.
+    if (!file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()))) {
+        return {};
+    }
+    return ProfileFile(std::move(bytes));
 }
 
 std::int32_t leadingNumber(std::string_view text) {

@@ -88,6 +88,12 @@ struct Switch {
 struct Connector {
     bool plugged = false;
 };
+struct Button {
+    bool down = false;
+};
+struct Combo {
+    std::int16_t listIndex = 0;  // from 0
+};
 struct Card {
     bool visible = false;
 };
@@ -96,6 +102,13 @@ struct Pin {
     bool level = false;
     bool visible = true;  // a pin taken away by an IOS mode is hidden and keeps its direction
 };
+
+inline constexpr Card inPlace{true};
+
+// Tops of cable 0's upper half at the two connectors of the center, and before it was ever plugged.
+inline constexpr std::int16_t cableAtConnector0 = 24;
+inline constexpr std::int16_t cableAtConnector1 = 62;
+inline constexpr std::int16_t cableAtStart = 26;
 
 struct Machine {
     // --- the center chip -------------------------------------------------------------------------------------------
@@ -173,16 +186,29 @@ struct Machine {
     std::array<Led, 2> picChkLED;
     Led picMON_LED73;
     Led picMON_LED52;
-    std::array<Led, 4> picSE;                // by slot-1: serial data waits
-    Card picInt;                             // the interrupt indicator, hidden until a request shows it
-    std::array<Connector, 2> picBOARD1_RXD;  // the two connectors of the center: cable 0 is plugged here
-    std::array<Connector, 6> picBOARD2_RXD;  // 0, 1 and 3: link 1, 2, 3 is whole
-    Card picBridge;                          // the flat cable of the cascade card: Board No3 is fitted
-    std::array<Switch, 5> picSSA;            // by slot-1: moment of capture, for the timing chart only
-    std::array<Switch, 5> picSSB;            // by slot-1: handshake, a DI word is never dropped
-    Switch picBPSS;                          // on: BPSS-H, the rate of Board No4 is halved
-    std::array<Pin, 80> picPI;               // by 16*(slot-1) + bit; of slot 5 inputs and outputs alike
-    std::array<Pin, 64> picPO;               // by 16*(slot-1) + bit, slots 1 to 4
+    std::array<Led, 4> picSE;                   // by slot-1: serial data waits
+    Card picInt;                                // the interrupt indicator, hidden until a request shows it
+    std::array<Connector, 2> picBOARD1_RXD;     // the two connectors of the center: cable 0 is plugged here
+    std::array<Connector, 6> picBOARD2_RXD;     // 0, 1 and 3: link 1, 2, 3 is whole
+    Card picBridge;                             // the flat cable of the cascade card: Board No3 is fitted
+    std::int16_t picCableUpTop = cableAtStart;  // top of cable 0's upper half, in pixels: its connector
+    std::array<Card, 5> picTermR{inPlace, inPlace, inPlace, inPlace,
+                                 inPlace};  // terminators: 0, 1 center, then Board No2, No1, No4
+    bool picJumperFull = true;              // the jumpers of all boards as they are drawn
+    std::array<Button, 6> picReset;         // 0 center, then by slot
+    std::array<Button, 5> picCLR;           // by slot-1
+    std::array<Combo, 3> cmbSA;             // by BoardIndex; SA is the list index + 1
+    Combo cmbClock41;
+    Combo cmbClock52;
+    Combo cmbBPS73;
+    Combo cmbCPUType;
+    Combo cmbIOS;
+    Combo cmbMode;
+    std::array<Switch, 5> picSSA;  // by slot-1: moment of capture, for the timing chart only
+    std::array<Switch, 5> picSSB;  // by slot-1: handshake, a DI word is never dropped
+    Switch picBPSS;                // on: BPSS-H, the rate of Board No4 is halved
+    std::array<Pin, 80> picPI;     // by 16*(slot-1) + bit; of slot 5 inputs and outputs alike
+    std::array<Pin, 64> picPO;     // by 16*(slot-1) + bit, slots 1 to 4
 
     // --- run and program state ----------------------------------------------------------------------------------------
     std::int16_t runMode = 0;  // row of runModes, or 4 while the machine restarts

@@ -19,20 +19,12 @@ Machine onBus(int cpuType, int hpr = 0) {
     return machine;
 }
 
-// Writes at a bus address, through the cell that shows it: the columns count down on a little endian bus.
-WriteResult write(Machine& machine, Width width, int address, std::string_view text) {
+// Writes two or four digits at a bus address, through the cell that shows it: columns count down on a little-endian bus.
+WriteResult write(Machine& machine, int address, std::string_view text) {
     const int base = address < 0x180 ? 0x000 : address < 0x500 ? 0x180 : 0x500;
-    const int offset = address - base;
-    const int cell = machine.cpuType < 2 ? offset ^ 15 : offset;
-    return writeMemory(machine, base == 0 ? "00x" : base == 0x180 ? "18x" : "50x", cell, width, text);
-}
-
-WriteResult writeByte(Machine& machine, int address, std::string_view text) {
-    return write(machine, Width::byte, address, text);
-}
-
-WriteResult writeWord(Machine& machine, int address, std::string_view text) {
-    return write(machine, Width::word, address, text);
+    const int cell = machine.cpuType < 2 ? (address - base) ^ 15 : address - base;
+    const char* rowText = base == 0 ? "00x" : base == 0x180 ? "18x" : "50x";
+    return writeMemory(machine, rowText, cell, text.size() == 4 ? Width::word : Width::byte, text);
 }
 
 int hprOf(const Machine& machine) {
@@ -40,17 +32,20 @@ int hprOf(const Machine& machine) {
 }
 
 TEST(BusAddress, counts_down_a_row_on_a_little_and_up_on_a_big_endian_bus) {
-    struct Row {
+    // The cells in the corners of a window and their addresses.
+    struct Window {
         const char* rowText;
-        int cell, little, big;
+        std::array<int, 4> cells, little, big;
     };
-    for (const Row& row : {Row{"00x", 0, 0x00F, 0x000}, Row{"00x", 15, 0x000, 0x00F}, Row{"00x", 16, 0x01F, 0x010},
-                           Row{"00x", 368, 0x17F, 0x170}, Row{"00x", 383, 0x170, 0x17F}, Row{"18x", 0, 0x18F, 0x180},
-                           Row{"18x", 33, 0x1AE, 0x1A1}, Row{"18x", 880, 0x4FF, 0x4F0}, Row{"18x", 895, 0x4F0, 0x4FF},
-                           Row{"50x", 0, 0x50F, 0x500}, Row{"50x", 112, 0x57F, 0x570}, Row{"50x", 127, 0x570, 0x57F}}) {
+    for (const Window& window : {Window{"00x", {0, 15, 368, 383}, {0x00F, 0x000, 0x17F, 0x170}, {0x000, 0x00F, 0x170, 0x17F}},
+                                 Window{"18x", {0, 31, 880, 895}, {0x18F, 0x190, 0x4FF, 0x4F0}, {0x180, 0x19F, 0x4F0, 0x4FF}},
+                                 Window{"50x", {0, 15, 112, 127}, {0x50F, 0x500, 0x57F, 0x570}, {0x500, 0x50F, 0x570, 0x57F}}}) {
         for (int cpuType = 0; cpuType < 4; ++cpuType) {
-            EXPECT_EQ(labelToAddress(onBus(cpuType), row.rowText, row.cell), cpuType < 2 ? row.little : row.big)
-                << row.rowText << " " << row.cell << " on bus " << cpuType;
+            for (std::size_t corner = 0; corner < 4; ++corner) {
+                EXPECT_EQ(labelToAddress(onBus(cpuType), window.rowText, window.cells[corner]),
+                          (cpuType < 2 ? window.little : window.big)[corner])
+                    << window.rowText << " " << window.cells[corner] << " on bus " << cpuType;
+            }
         }
     }
     for (const auto& [cpuType, even, odd] : Rows<3>{{0, 0x100, 0x101}, {1, 0x100, 0x101}, {2, 0x101, 0x100}, {3, 0x101, 0x100}}) {
@@ -64,11 +59,11 @@ TEST(MemoryWrite, reaches_the_same_word_on_every_bus_and_a_byte_by_its_order) {
         Machine machine = onBus(cpuType);
         for (const int address : {0x100, 0x101}) {
             setMemoryWord(machine, 0x100, 0);
-            const WriteResult result = writeWord(machine, address, "aB12");
+            const WriteResult result = write(machine, address, "aB12");
             EXPECT_FALSE(result.buffered || result.upperByteRefused);
             EXPECT_EQ(memoryWord(machine, 0x100), 0xAB12) << "bus " << cpuType;
         }
-        writeByte(machine, 0x100, "c3");
+        write(machine, 0x100, "c3");
         EXPECT_EQ(memoryWord(machine, 0x100), cpuType < 2 ? 0xABC3 : 0xC312) << "bus " << cpuType;
         EXPECT_EQ(memoryWord(machine, 0x0FE) + memoryWord(machine, 0x102), 0);
     }
@@ -84,14 +79,14 @@ TEST(MemoryWrite, of_a_control_word_keeps_its_upper_byte_while_the_scan_led_is_l
                                                             {0x07E, "0033", true, 0x1433},
                                                             {0x080, "ABCD", false, 0xABCD}}) {
             setMemoryWord(machine, address & ~1, 0x1400);
-            EXPECT_EQ(writeWord(machine, address, text).upperByteRefused, refused) << address << " " << text;
+            EXPECT_EQ(write(machine, address, text).upperByteRefused, refused) << address << " " << text;
             EXPECT_EQ(memoryWord(machine, address & ~1), after) << address << " " << text;
         }
-        EXPECT_FALSE(writeByte(machine, cpuType < 2 ? 0x009 : 0x008, "FF").upperByteRefused) << "a byte isn't asked";
+        EXPECT_FALSE(write(machine, cpuType < 2 ? 0x009 : 0x008, "FF").upperByteRefused) << "a byte isn't asked";
         EXPECT_EQ(memoryWord(machine, 0x008), 0xFF66);
         machine.picScanLed.lit = false;
         machine.scanRunning = true;  // the LED is asked, not the flag
-        EXPECT_FALSE(writeWord(machine, 0x008, "ABCD").upperByteRefused);
+        EXPECT_FALSE(write(machine, 0x008, "ABCD").upperByteRefused);
         EXPECT_EQ(memoryWord(machine, 0x008), 0xABCD);
     }
     EXPECT_EQ(upperByteRefusedPopup().text, "スキャン中、コントロールワードの上位バイトはライトプロテクト。");
@@ -104,13 +99,15 @@ TEST(HazardWrite, the_second_byte_brings_the_first_into_memory) {
             Machine machine = onBus(cpuType, 0x1010);
             const int highAt = cpuType == little8 ? 0x101 : 0x100;
             const int firstAt = highFirst ? highAt : highAt ^ 1;
-            EXPECT_TRUE(writeByte(machine, firstAt, highFirst ? "12" : "34").buffered);
+            EXPECT_TRUE(write(machine, firstAt, highFirst ? "12" : "34").buffered);
             EXPECT_EQ(memoryWord(machine, 0x100), 0);
             EXPECT_EQ(hprOf(machine), 0x1110);
-            EXPECT_FALSE(writeByte(machine, firstAt ^ 1, highFirst ? "34" : "12").buffered);
+            EXPECT_FALSE(write(machine, firstAt ^ 1, highFirst ? "34" : "12").buffered);
             EXPECT_EQ(memoryWord(machine, 0x100), 0x1234);
             EXPECT_EQ(hprOf(machine), 0x1010) << "armed again";
-            EXPECT_TRUE(writeByte(machine, 0x100, "56").buffered);
+            setByte(machine, reg::hprHigh, 0);
+            write(machine, 0x100 + (firstAt ^ 1), "56");
+            EXPECT_EQ(memoryWord(machine, 0x200), highFirst ? 0x0056 : 0x5600) << "nothing waits any more";
         }
     }
 }
@@ -122,41 +119,36 @@ TEST(HazardWrite, the_waiting_byte_goes_to_the_word_of_the_second_write) {
                                                      {0x100, 0x011, 0xBBAA},     // a control word
                                                      {0x101, 0x50E, 0xAABB}}) {  // a mask
         Machine machine = onBus(little8, 0x1000);
-        EXPECT_TRUE(writeByte(machine, first, "AA").buffered);
-        EXPECT_FALSE(writeByte(machine, second, "BB").buffered);
+        EXPECT_TRUE(write(machine, first, "AA").buffered);
+        EXPECT_FALSE(write(machine, second, "BB").buffered);
         EXPECT_EQ(memoryWord(machine, second & ~1), word) << first << " " << second;
         EXPECT_EQ(memoryWord(machine, 0x100), 0);
     }
 }
 
 TEST(HazardWrite, covers_080H_to_4FEH_as_indices_on_an_8_bit_bus) {
-    for (const auto& [cpuType, address, buffered] : Rows<3>{{little8, 0x07F, 0},
-                                                            {little8, 0x080, 1},
-                                                            {little8, 0x4FE, 1},
-                                                            {little8, 0x4FF, 0},
-                                                            {little8, 0x500, 0},
-                                                            {big8, 0x07E, 0},
-                                                            {big8, 0x07F, 0},
-                                                            {big8, 0x080, 1},
-                                                            {big8, 0x081, 1},
-                                                            {big8, 0x4FE, 0},
-                                                            {big8, 0x4FF, 1},
-                                                            {big8, 0x501, 0},
-                                                            {0, 0x100, 0},
-                                                            {2, 0x100, 0}}) {
-        Machine machine = onBus(cpuType, 0x1000);
-        EXPECT_EQ(writeByte(machine, address, "5A").buffered, buffered != 0) << cpuType << " " << address;
-        EXPECT_EQ(byteAt(machine, cpuType < 2 ? address : address ^ 1), buffered != 0 ? 0x00 : 0x5A) << cpuType << " " << address;
-        EXPECT_EQ(hprOf(machine), buffered != 0 ? 0x1100 : 0x1000);
-        machine = onBus(cpuType, 0x0010);
-        EXPECT_FALSE(writeByte(machine, address, "5A").buffered) << "only reads are protected";
-    }
+    const auto expect = [](int cpuType, std::initializer_list<int> addresses, bool buffered) {
+        for (const int address : addresses) {
+            SCOPED_TRACE(testing::Message() << std::hex << address << " on bus " << cpuType);
+            Machine machine = onBus(cpuType, 0x1000);
+            EXPECT_EQ(write(machine, address, "5A").buffered, buffered);
+            EXPECT_EQ(byteAt(machine, cpuType < 2 ? address : address ^ 1), buffered ? 0x00 : 0x5A);
+            EXPECT_EQ(hprOf(machine), buffered ? 0x1100 : 0x1000);
+            machine = onBus(cpuType, 0x0010);
+            EXPECT_FALSE(write(machine, address, "5A").buffered) << "only reads are protected";
+        }
+    };
+    expect(little8, {0x080, 0x100, 0x4FE}, true);
+    expect(little8, {0x000, 0x07F, 0x4FF, 0x500}, false);
+    expect(big8, {0x080, 0x081, 0x4FF}, true);
+    expect(big8, {0x07E, 0x07F, 0x4FE, 0x501}, false);
+    expect(0, {0x080, 0x100, 0x101}, false);
+    expect(2, {0x080, 0x100, 0x101}, false);
 }
 
-// Two writes under protection, and between them whatever else happens to the machine.
 Machine withWaitingHighByte() {
     Machine machine = onBus(little8, 0x1010);
-    writeByte(machine, 0x101, "12");
+    write(machine, 0x101, "12");
     return machine;
 }
 
@@ -167,12 +159,12 @@ TEST(HazardWrite, a_word_or_a_16_bit_bus_drops_the_waiting_byte) {
         setByte(machine, reg::hprLow, 0x11);
         machine.cpuType = static_cast<std::int16_t>(cpuType);
         const int lowAt = cpuType < 2 ? 0x200 : 0x201;
-        EXPECT_FALSE(width == 16 ? writeWord(machine, lowAt, "ABCD").buffered : writeByte(machine, lowAt, "CD").buffered);
+        EXPECT_FALSE(write(machine, lowAt, width == 16 ? "ABCD" : "CD").buffered);
         EXPECT_EQ(memoryWord(machine, 0x200), width == 16 ? 0xABCD : 0x00CD);
         EXPECT_EQ(hprOf(machine), 0x1011) << "the read buffer is none of its business";
         machine.cpuType = little8;
-        EXPECT_TRUE(writeByte(machine, 0x300, "34").buffered);
-        EXPECT_FALSE(writeByte(machine, 0x300, "35").buffered);
+        EXPECT_TRUE(write(machine, 0x300, "34").buffered);
+        EXPECT_FALSE(write(machine, 0x300, "35").buffered);
         EXPECT_EQ(memoryWord(machine, 0x300), 0x0034) << "nothing left of the byte dropped";
     }
 }
@@ -181,27 +173,27 @@ TEST(HazardWrite, a_waiting_byte_outlasts_switching_off_a_change_of_bus_and_a_re
     Machine machine = withWaitingHighByte();
     writeRegister(machine, 0x584, Width::byte, Half::high, "00");
     EXPECT_EQ(hprOf(machine), 0x0110);
-    EXPECT_FALSE(writeByte(machine, 0x200, "34").buffered);
+    EXPECT_FALSE(write(machine, 0x200, "34").buffered);
     EXPECT_EQ(memoryWord(machine, 0x200), 0x1234);
     EXPECT_EQ(hprOf(machine), 0x0010);
-    writeByte(machine, 0x202, "56");
+    write(machine, 0x202, "56");
     EXPECT_EQ(memoryWord(machine, 0x202), 0x0056) << "off";
 
     machine = withWaitingHighByte();
     machine.cpuType = big8;
-    writeByte(machine, 0x201, "34");
+    write(machine, 0x201, "34");
     EXPECT_EQ(memoryWord(machine, 0x200), 0x1234);
 
     machine = withWaitingHighByte();
     resetRegisters(machine);
-    writeByte(machine, 0x200, "34");
+    write(machine, 0x200, "34");
     EXPECT_EQ(memoryWord(machine, 0x200), 0x1234) << "the commit asks the flags";
 
     machine = withWaitingHighByte();
     resetRegisters(machine);
     setByte(machine, reg::hprHigh, 0x10);
-    EXPECT_TRUE(writeByte(machine, 0x200, "34").buffered) << "the buffering asks HPR";
-    writeByte(machine, 0x300, "56");
+    EXPECT_TRUE(write(machine, 0x200, "34").buffered) << "the buffering asks HPR";
+    write(machine, 0x300, "56");
     EXPECT_EQ(memoryWord(machine, 0x300), 0x1234) << "both halves waited";
 }
 
@@ -233,19 +225,17 @@ TEST(HazardRead, keeps_a_word_and_answers_the_next_read_by_parity) {
 
 TEST(HazardRead, covers_080H_to_4FFH_as_bus_addresses) {
     for (const int cpuType : {little8, big8}) {
-        for (const auto& [address, covered] : {std::pair{"07E", false},
-                                               {"07F", false},
-                                               {"080", true},
-                                               {"081", true},
-                                               {"4FE", true},
-                                               {"4FF", true},
-                                               {"500", false}}) {
-            Machine machine = onBus(cpuType, 0x0010);
-            EXPECT_EQ(readMemory(machine, address)->guide, covered ? intoBuffer : fromMemory) << cpuType << " " << address;
-            EXPECT_EQ(hprOf(machine), covered ? 0x0011 : 0x0010);
-            machine = onBus(cpuType, 0x1000);
-            EXPECT_EQ(readMemory(machine, address)->guide, fromMemory) << "only writes are protected";
-        }
+        const auto expect = [cpuType](std::initializer_list<const char*> addresses, bool covered) {
+            for (const char* address : addresses) {
+                Machine machine = onBus(cpuType, 0x0010);
+                EXPECT_EQ(readMemory(machine, address)->guide, covered ? intoBuffer : fromMemory) << cpuType << " " << address;
+                EXPECT_EQ(hprOf(machine), covered ? 0x0011 : 0x0010);
+                machine = onBus(cpuType, 0x1000);
+                EXPECT_EQ(readMemory(machine, address)->guide, fromMemory) << "only writes are protected";
+            }
+        };
+        expect({"080", "081", "4FE", "4FF"}, true);
+        expect({"07E", "07F", "500", "501"}, false);
     }
 }
 
@@ -278,21 +268,16 @@ TEST(WriteProtection, is_asked_cell_by_cell_while_the_scan_led_is_lit) {
             Machine machine = onBus(cpuType);
             machine.picScanLed.lit = lit;
             machine.scanRunning = !lit;
-            for (const auto& [area, cell, answer] : {std::tuple{Area::controlDoDi, 0, upper},
-                                                     {Area::controlDoDi, 1, free},
-                                                     {Area::controlDoDi, 126, upper},
-                                                     {Area::controlDoDi, 127, free},
-                                                     {Area::controlDoDi, 128, free},
-                                                     {Area::controlDoDi, 255, free},
-                                                     {Area::controlDoDi, 256, scanWritten},
-                                                     {Area::controlDoDi, 383, scanWritten},
-                                                     {Area::c1ToC7, 0, scanWritten},
-                                                     {Area::c1ToC7, 127, scanWritten},
-                                                     {Area::c1ToC7, 895, scanWritten},
-                                                     {Area::drc, 0, free},
-                                                     {Area::drc, 127, free}}) {
-                EXPECT_EQ(memoryWriteRefusal(machine, area, cell), lit ? answer : free) << cell << " on bus " << cpuType;
-            }
+            const auto expect = [&machine, lit, &free](Area area, std::initializer_list<int> cells, const Answer& answer) {
+                for (const int cell : cells) {
+                    EXPECT_EQ(memoryWriteRefusal(machine, area, cell), lit ? answer : free) << cell;
+                }
+            };
+            expect(Area::controlDoDi, {0, 126}, upper);
+            expect(Area::controlDoDi, {1, 127, 128, 255}, free);
+            expect(Area::controlDoDi, {256, 383}, scanWritten);
+            expect(Area::c1ToC7, {0, 1, 127, 128, 895}, scanWritten);
+            expect(Area::drc, {0, 1, 127}, free);
         }
     }
 }
