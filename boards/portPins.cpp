@@ -97,7 +97,7 @@ Answer cmbIOS_LostFocus(Machine& machine, int listIndex) {
     machine.cmbIOS.listIndex = static_cast<std::int16_t>(listIndex);
     machine.ios52 = machine.cmbIOS.listIndex;
     setPinPattern(machine);
-    const Answer answer = chkSADup(machine);
+    Answer answer = chkSADup(machine);
     showDO52(machine);
     return answer;
 }

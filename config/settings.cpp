@@ -16,7 +16,8 @@ void copyTransfer(Machine& machine) {
 void readSettings(Machine& machine, const std::filesystem::path& folder) {
     clearBoardState(machine);
     const std::filesystem::path path = folder / settingsFileName;
-    machine.iniPath = path.string();
+    const std::u8string name = path.u8string();  // in UTF-8 on every desktop
+    machine.iniPath.assign(name.begin(), name.end());
     takeSettings(machine, readProfileFile(path));
 }
 

@@ -12,7 +12,8 @@ std::string rightAligned(int number, std::size_t places) {
 }
 
 void updateCell(Machine& machine, DumpView& view, int offset) {
-    const auto at = static_cast<std::size_t>(view.area->firstByte + offset);
+    const int address = view.area->firstByte + offset;
+    const auto at = static_cast<std::size_t>(address);
     const int number = addressToLabel(machine, offset);
     DumpCell& cell = view.cells[static_cast<std::size_t>(number)];
     cell.value = machine.chipMemory[at];
@@ -56,14 +57,13 @@ void refreshArea(Machine& machine, DumpView& view) {
     if (!view.visible) {
         return;
     }
-    const auto first = machine.chipMemory.begin() + view.area->firstByte;
-    const auto last = first + view.area->cells;
-    const auto shadow = machine.memoryShadow.begin() + view.area->firstByte;
-    if (!machine.memoryRefreshAll && std::equal(first, last, shadow)) {
+    const std::uint8_t* memory = machine.chipMemory.data() + view.area->firstByte;
+    const std::uint8_t* shadow = machine.memoryShadow.data() + view.area->firstByte;
+    if (!machine.memoryRefreshAll && std::equal(memory, memory + view.area->cells, shadow)) {
         return;
     }
     for (int offset = 0; offset < view.area->cells; ++offset) {
-        if (machine.memoryRefreshAll || *(first + offset) != *(shadow + offset)) {
+        if (machine.memoryRefreshAll || memory[offset] != shadow[offset]) {
             updateCell(machine, view, offset);
         }
     }

@@ -193,7 +193,7 @@ QPoint Program::fromMain(QPoint place) const {
 }
 
 void Program::openSound() {
-    machine_.soundAvailable = sound_.open(QString::fromStdString((folder_ / "BEEP.WAV").string()));
+    machine_.soundAvailable = sound_.open(QString::fromStdU16String((folder_ / "BEEP.WAV").u16string()));
 }
 
 // --- end -----------------------------------------------------------------------------------------------------------------

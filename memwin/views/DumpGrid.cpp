@@ -201,7 +201,7 @@ void DumpGrid::paintHeading(QPainter& painter) {
     painter.drawText(QRect(ascii, 0, asciiWidth, 10), Qt::AlignCenter, "Ascii Dump");
 }
 
-void DumpGrid::paintWedges(QPainter& painter) {
+void DumpGrid::paintWedges(QPainter& painter) const {
     painter.setPen(QColor::fromRgb(look::secondInk));
     constexpr int base = 8;
     for (const bool high : {false, true}) {

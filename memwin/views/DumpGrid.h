@@ -61,7 +61,7 @@ private:
     void makeGlyphs();
     void paintFrames(QPainter& painter);
     void paintHeading(QPainter& painter);
-    void paintWedges(QPainter& painter);
+    void paintWedges(QPainter& painter) const;
     void paintStrips(QPainter& painter);
     void paintRow(QPainter& painter, int row, const QRect& clip);
 

@@ -206,6 +206,21 @@ TEST(PortPins, ssa_and_ssb_choose_the_timing_chart) {
     }
 }
 
+TEST(Bench, plugs_and_fits_by_settings_of_exactly_1) {
+    for (const std::int16_t setting : {std::int16_t{0}, std::int16_t{2}, std::int16_t{-1}}) {
+        Machine machine;
+        Mdef_Set(machine);
+        machine.cableConnectionDefault = setting;
+        machine.cascadeDefault = setting;
+        machine.transferDefault.fill(setting);
+        setUpBench(machine);
+        EXPECT_FALSE(machine.picBOARD2_RXD[0].plugged || machine.picBridge.visible) << setting;
+        EXPECT_EQ(machine.duplexBit, 16) << "the jumpers ask for exactly 1";
+        resetRegisters(machine);
+        EXPECT_EQ(machine.duplexBit, setting == 0 ? 16 : 0) << "the reset for anything but 0";
+    }
+}
+
 TEST(Bench, a_new_set_up_forgets_what_was_done_on_the_old_one) {
     Machine machine = makersMachine();
     picBPSS_DblClick(machine);

@@ -76,7 +76,7 @@ TEST(SettingsNumber, is_what_the_text_begins_with) {
           {"  5 ", 5},         {"\t5", 5},    {"007", 7},  {"--1", 0},  {"0x10", 0},  {"&H10", 0},
           {"1e3", 1},          {"1d3", 1},    {"3;4", 3},  {"0.5", 0},  {"0.51", 1},  {"1.5", 2},
           {"2.5", 2},          {"2.51", 3},   {"2.49", 2}, {"-0.5", 0}, {"-1.5", -2}, {"-2.5", -2},
-          {".9", 1},           {"1.2.9", 1},  {".", 0},    {"-", 0},    {"1,9", 1},   {"32767.4", 32767}}) {
+          {".9", 1},           {"2.5.1", 2},  {".", 0},    {"-", 0},    {"1,9", 1},   {"32767.4", 32767}}) {
         EXPECT_EQ(leadingNumber(text), number) << "\"" << text << "\"";
     }
 }
@@ -124,7 +124,7 @@ TEST_F(SettingsFile, is_read_in_every_form_of_text) {
              std::string("[INIT]\nMODE-QDA52=3\nMODE-QDA52=1\n"),
              std::string("[INIT]\nMODE-QDA5=1\nMODE-QDA522=1\nMODE-QDA52=3=1\n"),
              std::string("[\n[]\n]\n=\n[INIT]\n]\n=\n\nno equals sign\nMODE-QDA52=3\n"),
-             "[INIT]\nLONG=" + std::string(100000, 'x') + "\n" + std::string(100000, 'y') + "\nMODE-QDA52=3\n",
+             "[INIT]\nLONG=" + std::string(300000, 'x') + "\n" + std::string(300000, 'y') + "\nMODE-QDA52=3\n",
              "[INIT]\nMODE-QDA52=" + std::string(100000, ' ') + "3\n",
              "[INIT]\nMODE-QDA52=" + std::string(254, '0') + "3\n",
              std::string("[INIT]\n\0\0\nMODE-QDA52=3\n\0", 25),
@@ -132,8 +132,8 @@ TEST_F(SettingsFile, is_read_in_every_form_of_text) {
         EXPECT_EQ(valuesOf(read(text)), only(13, 3)) << text.substr(0, 80);
     }
     for (const std::string& text :
-         {std::string("MODE-QDA52=3\n"), std::string("[INITIAL]\nMODE-QDA52=3\n"), std::string("[INIT]\nMODE-QDA52=\n"),
-          "[INIT]\nMODE-QDA52=" + std::string(255, '0') + "3\n"}) {
+         {std::string("MODE-QDA52=3\n"), std::string("[INITIAL]\nMODE-QDA52=3\n"), std::string("[INIT]\n[MORE]\nMODE-QDA52=3\n"),
+          std::string("[INIT]\nMODE-QDA52=\n"), "[INIT]\nMODE-QDA52=" + std::string(255, '0') + "3\n"}) {
         EXPECT_EQ(valuesOf(read(text)), Values{}) << text.substr(0, 80);
     }
 }
