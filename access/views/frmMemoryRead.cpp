@@ -3,6 +3,7 @@
 #include "access/hexText.h"
 #include "access/memoryAccess.h"
 #include "platform/OvertypeField.h"
+#include "platform/labels.h"
 #include "platform/look.h"
 #include "platform/twips.h"
 
@@ -12,14 +13,6 @@
 namespace {
 
 constexpr QSize windowSize{twips(4995), twips(1905)};
-
-QLabel* makeLabel(QWidget* parent, const char* name, const QString& text, const QFont& font, const QRect& place) {
-    auto* label = new QLabel(text, parent);
-    label->setObjectName(name);
-    label->setFont(font);
-    label->setGeometry(place);
-    return label;
-}
 
 }  // namespace
 
@@ -80,7 +73,7 @@ void frmMemoryRead::read() {
         emit beepWanted();
         return;
     }
-    lblGuide_->setText(QString::fromUtf8(result->guide.data(), static_cast<qsizetype>(result->guide.size())));
+    lblGuide_->setText(textOf(result->guide));
     lblData_->setText(QString::fromStdString(hexText(result->value, 2)));
     lblAdr_->setText(entered + "H");
     txtAddress_->setValue("???");

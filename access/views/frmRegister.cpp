@@ -2,6 +2,7 @@
 
 #include "access/hexText.h"
 #include "platform/ImageList.h"
+#include "platform/labels.h"
 #include "platform/look.h"
 
 #include <QFontMetricsF>
@@ -38,18 +39,6 @@ QRect cellPlace(const Place& place, const QFont& font, int top) {
 
 int topOfRow(int row) {
     return headingHeight + (row - 1) * rowHeight;
-}
-
-QString textOf(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
-QLabel* makeLabel(QWidget* parent, const char* name, const QString& text, const QFont& font, const QRect& place) {
-    auto* label = new QLabel(text, parent);
-    label->setObjectName(name);
-    label->setFont(font);
-    label->setGeometry(place);
-    return label;
 }
 
 }  // namespace
@@ -143,7 +132,7 @@ void frmRegister::makeRow(int row) {
     const QString name = textOf(registerTable[static_cast<std::size_t>(row - 1)].name);
     QFont bold = look::interfaceFont(12);
     bold.setBold(true);
-    makeLabel(this, qPrintable(QStringLiteral("lblReg%1").arg(row)), name, bold, {nameLeft, topOfRow(row), 54, rowHeight});
+    makeLabel(this, QStringLiteral("lblReg%1").arg(row), name, bold, {nameLeft, topOfRow(row), 54, rowHeight});
 
     for (std::size_t column = 0; column < places.size(); ++column) {
         const bool binary = column >= binHigh;

@@ -1,6 +1,7 @@
 #include "core/views/frmMDI.h"
 
 #include "platform/ImageList.h"
+#include "platform/labels.h"
 #include "platform/look.h"
 
 #include <QButtonGroup>
@@ -118,8 +119,7 @@ QWidget* frmMDI::makeRunModes() {
     auto* modes = new QButtonGroup(this);
     for (std::size_t index = 0; index < runModes.size(); ++index) {
         const auto caption = runModes[index].caption;
-        auto* label = new ToolLabel(QString::fromUtf8(caption.data(), static_cast<qsizetype>(caption.size())),
-                                    ToolLabel::Gesture::click, box);
+        auto* label = new ToolLabel(textOf(caption), ToolLabel::Gesture::click, box);
         label->setObjectName(QStringLiteral("lblRunMode%1").arg(index));
         label->setProperty("runMode", true);
         label->setFont(look::interfaceFont(11));

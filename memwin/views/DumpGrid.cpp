@@ -2,6 +2,7 @@
 
 #include "access/hexText.h"
 #include "platform/ImageList.h"
+#include "platform/labels.h"
 #include "platform/look.h"
 #include "platform/twips.h"
 
@@ -63,7 +64,7 @@ DumpGrid::DumpGrid(const DumpView& view, QWidget* parent) : QWidget(parent), vie
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
-    setAccessibleName(QString::fromUtf8(view.area->title.data(), static_cast<qsizetype>(view.area->title.size())));
+    setAccessibleName(textOf(view.area->title));
 }
 
 // --- places ------------------------------------------------------------------------------------------------------------
@@ -231,8 +232,7 @@ void DumpGrid::paintStrips(QPainter& painter) {
         painter.translate(strip.left(), strip.bottom() + 1);
         painter.rotate(-90);
         const std::string_view name = view_.area->groups[static_cast<std::size_t>(group)];
-        painter.drawText(QRect(0, 0, strip.height(), strip.width()), Qt::AlignCenter,
-                         QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())));
+        painter.drawText(QRect(0, 0, strip.height(), strip.width()), Qt::AlignCenter, textOf(name));
         painter.restore();
     }
     painter.setRenderHint(QPainter::Antialiasing, false);

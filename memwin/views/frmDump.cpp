@@ -1,5 +1,6 @@
 #include "memwin/views/frmDump.h"
 
+#include "platform/labels.h"
 #include "platform/look.h"
 #include "platform/twips.h"
 
@@ -17,28 +18,15 @@ constexpr int readOutHeight = 14;
 constexpr int gridTop = 37;
 constexpr int checkBoxWidth = 124;
 
-QString textOf(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
-QLabel* makeLabel(QWidget* parent, const char* name, const QRect& place) {
-    auto* label = new QLabel(parent);
-    label->setObjectName(name);
-    label->setFont(look::hexFont(11));
-    label->setTextFormat(Qt::PlainText);
-    label->setGeometry(place);
-    return label;
-}
-
 }  // namespace
 
 frmDump::frmDump(Machine& machine, Area area)
     : machine_(machine),
       view_(area),
       grid_(new DumpGrid(view_, this)),
-      lblCPUType_(makeLabel(this, "lblCPUType", {104, buttonTop, 150, buttonHeight})),
-      lblPointAddress_(makeLabel(this, "lblPointAddress", {0, readOutTop, 280, readOutHeight})),
-      lblPointSA_(makeLabel(this, "lblPointSA", {280, readOutTop, 190, readOutHeight})),
+      lblCPUType_(makeLabel(this, "lblCPUType", {}, look::hexFont(11), {104, buttonTop, 150, buttonHeight})),
+      lblPointAddress_(makeLabel(this, "lblPointAddress", {}, look::hexFont(11), {0, readOutTop, 280, readOutHeight})),
+      lblPointSA_(makeLabel(this, "lblPointSA", {}, look::hexFont(11), {280, readOutTop, 190, readOutHeight})),
       chkTopMost_(new QCheckBox("常に手前に表示", this)) {
     setObjectName(textOf(view_.area->name));
     setWindowTitle(textOf(view_.area->title));

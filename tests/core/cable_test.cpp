@@ -73,29 +73,6 @@ TEST(Cable, center_takes_its_rate_when_a_scan_starts_and_not_before) {
     EXPECT_EQ(statusOf(machine, 1), 0x14);
 }
 
-TEST(Cable, reset_takes_a_slot_off_the_line_and_clr_only_stops_its_output) {
-    for (int sa = 1; sa <= 4; ++sa) {
-        SCOPED_TRACE(sa);
-        const int slot = slotAt(sa);
-        const auto index = static_cast<std::size_t>(slot % 5);
-        Machine machine = makersMachine();
-        (slot == slotQDA52 ? machine.resetHeld52 : machine.resetHeld[index]) = true;
-        runPass(machine);
-        expectHeard(machine, std::array{111, 1011, 1101, 1110}[static_cast<std::size_t>(sa - 1)]);
-
-        machine = makersMachine();
-        (slot == slotQDA52 ? machine.clrHeld52 : machine.clrHeld[index]) = true;
-        setInput(machine, slot, 0x5AA5);
-        runPass(machine);
-        EXPECT_EQ(statusOf(machine, sa), 0);
-        EXPECT_EQ(memoryWord(machine, diBase + 2 * sa), 0x5AA5);
-        EXPECT_EQ(machine.doLow52, sa == 4 ? 0 : 4);
-        for (int other = 1; other <= 4; ++other) {
-            EXPECT_EQ(latchOf(machine, slotAt(other)) == 0, other == sa) << "station " << other;
-        }
-    }
-}
-
 TEST(Cable, pins_follow_the_word_and_an_equal_word_paints_nothing) {
     Machine machine = scanningMachine(4);
     machine.picPI[64].output = false;  // an input of Board No4 does not follow

@@ -54,15 +54,6 @@ TEST(MachineState, clear_board_state_empties_the_boards_and_leaves_the_scan) {
     EXPECT_EQ(machine.chipMemory, before.chipMemory);
 }
 
-TEST(MachineState, clear_memory_empties_image_and_shadow) {
-    Machine machine;
-    machine.chipMemory.fill(1);
-    machine.memoryShadow.fill(1);
-    clearMemory(machine);
-    EXPECT_TRUE(blank(machine.chipMemory));
-    EXPECT_TRUE(blank(machine.memoryShadow));
-}
-
 TEST(MachineState, random_fill_stops_short_of_the_registers) {
     constexpr std::uint64_t date = 20260102030405;
     Machine machine;

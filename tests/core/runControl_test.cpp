@@ -61,26 +61,4 @@ TEST(RunControl, bar_stands_on_3_wide_or_17_narrow_places) {
     }
 }
 
-TEST(RunControl, chk_led_stays_lit_for_75_firings) {
-    Machine machine = scanningMachine(1);
-    unplug(machine, 1);
-    TickBar bar;
-    for (int firing = 1; firing <= 75; ++firing) {
-        timTick_Timer(machine, bar);
-        EXPECT_EQ(machine.picChkLED[0].lit, firing < 75) << "firing " << firing;
-    }
-}
-
-TEST(RunControl, stop_keeps_the_scan_where_it_is) {
-    Machine machine = scanningMachine(4);
-    TickBar bar;
-    // 67 ticks are 16 passes and three stations.
-    for (const auto& [mode, ssr] : Rows<2>{{modeRun, 0x84}, {modeStop, 0x84}, {modeSlow, 0x81}}) {
-        lblRunMode_Click(machine, bar, mode);
-        timTick_Timer(machine, bar);
-        EXPECT_EQ(byteAt(machine, reg::ssrLow), ssr);
-        EXPECT_TRUE(machine.picScanLed.lit);
-    }
-}
-
 }  // namespace

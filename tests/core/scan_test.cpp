@@ -107,22 +107,6 @@ TEST(ContinuousScan, broken_off_pass_leaves_only_its_chk_events_to_the_next_scan
     EXPECT_EQ(byteAt(machine, reg::int0Request), 0x48) << "pass end and CHK2";
 }
 
-TEST(ContinuousScan, memory_is_read_at_the_visit_and_written_alike_on_every_host_bus) {
-    for (std::int16_t bus = 0; bus < 4; ++bus) {
-        Machine machine = scanningMachine(4);
-        machine.cpuType = bus;
-        ticks(machine, 1);
-        setMemoryWord(machine, doBase + 2 * 1, 0x1111);
-        setMemoryWord(machine, doBase + 2 * 2, 0x2222);
-        setInput(machine, slotQDA41, 0x1234);
-        ticks(machine, 3);
-        EXPECT_EQ(latchOf(machine, slotQDA73), 0U);
-        EXPECT_EQ(latchOf(machine, slotQDA41), 0x2222U);
-        EXPECT_EQ(byteAt(machine, 0x104), 0x34);
-        EXPECT_EQ(byteAt(machine, 0x105), 0x12);
-    }
-}
-
 TEST(SingleScan, makes_one_pass_and_stops) {
     Machine machine = makersMachine();
     setByte(machine, reg::scrHigh, 5);

@@ -5,7 +5,6 @@
 #include <QSignalSpy>
 
 #include <algorithm>
-#include <set>
 
 namespace {
 
@@ -109,22 +108,6 @@ TEST_F(MainWindow, the_register_window_follows_every_single_tick) {
     EXPECT_NE(before, after);
     QTest::mouseClick(&oneTime, Qt::LeftButton);
     EXPECT_NE(after, registers().cell(rowSSR, frmRegister::valLow).text());
-}
-
-TEST_F(MainWindow, the_tick_bar_steps_with_the_ticks_and_stands_without) {
-    start();
-    QTest::mouseClick(&main().lblRunMode(modeStop), Qt::LeftButton);
-    QTest::mouseClick(&main().lblRunMode(modeRun), Qt::LeftButton);
-    std::set<int> places;
-    for (int firing = 0; firing < 9; ++firing) {
-        fire();
-        places.insert(tickBar(main()).left());
-    }
-    EXPECT_EQ(places, (std::set<int>{0, 51, 102}));
-    QTest::mouseClick(&main().lblRunMode(modeStop), Qt::LeftButton);
-    const QRect standing = tickBar(main());
-    fire(3);
-    EXPECT_EQ(tickBar(main()), standing);
 }
 
 TEST_F(MainWindow, a_label_tells_whether_its_window_is_open) {
