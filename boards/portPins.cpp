@@ -1,7 +1,9 @@
 #include "boards/portPins.h"
 
+#include "boards/counters.h"
 #include "boards/stationCheck.h"
 #include "core/portOutput.h"
+#include "core/pwmOutput.h"
 
 namespace {
 
@@ -23,6 +25,12 @@ void setPinPattern(Machine& machine) {
     }
     machine.diImage[8] = 0;
     machine.diImage[9] = 0;
+    machine.timMotorInterval = 0;
+    machine.lampLevel = 0;
+    if (machine.ios52 == modeWithCounter) {
+        showCounter52(machine);
+    }
+    showPower(machine);
 }
 
 // Where a switch stands in the board images.

@@ -197,6 +197,10 @@ struct Machine {
     bool picJumperFull = true;              // the jumpers of all boards as they are drawn
     std::array<Button, 6> picReset;         // 0 center, then by slot
     std::array<Button, 5> picCLR;           // by slot-1
+    std::array<Button, 26> picCounter;      // counter buttons
+    std::array<Led, 6> picPower;            // internal power value of Board No4, bit by bit
+    std::int16_t lampLevel = 0;             // 0 dark to 7
+    std::int16_t timMotorInterval = 0;      // milliseconds, 0 is off
     std::array<Combo, 3> cmbSA;             // by BoardIndex; SA is the list index + 1
     Combo cmbClock41;
     Combo cmbClock52;

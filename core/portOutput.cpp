@@ -1,8 +1,11 @@
 #include "core/portOutput.h"
 
+#include "core/pwmOutput.h"
+
 namespace {
 
 constexpr std::size_t pinsPerSlot = 16;
+constexpr std::int16_t firstPwmMode = 6;
 
 bool bitOf(std::uint32_t word, std::size_t bit) {
     return (word >> bit & 1U) != 0;
@@ -27,5 +30,8 @@ void showDO52(Machine& machine) {
         if (pin.output) {
             pin.level = bitOf(machine.doLatch52, bit);
         }
+    }
+    if (machine.ios52 >= firstPwmMode) {
+        showPower(machine);
     }
 }

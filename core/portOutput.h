@@ -7,5 +7,6 @@
 // Brings the output pins picPO of `slot` into line with doLatch. Slots 1 to 4; any other number does nothing.
 void showDO(Machine& machine, int slot);
 
-// The same for slot 5 and doLatch52: only the pins that the IOS mode makes outputs follow.
+// The same for slot 5 and doLatch52: only the pins that the IOS mode makes outputs follow. With the PWM panel the
+// lamp or the motor follows too.
 void showDO52(Machine& machine);
