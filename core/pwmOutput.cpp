@@ -24,11 +24,14 @@ int powerOf(const Machine& machine) {
 }
 
 std::int16_t motorInterval(int power) {
-    constexpr int intervalAtFull = 125;
+    constexpr std::int16_t intervalAtFull = 125;
     if (power == 0) {
         return 0;
     }
-    return power == powerBits ? intervalAtFull : static_cast<std::int16_t>(std::nearbyint((powerBits - power) * 14.5 + 100));
+    if (power == powerBits) {
+        return intervalAtFull;
+    }
+    return static_cast<std::int16_t>(std::nearbyint((powerBits - power) * 14.5 + 100));
 }
 
 void restartMotor(Machine& machine, int power) {
