@@ -18,10 +18,6 @@ constexpr std::string_view fromBuffer = "リードテンポラリバッファか
 constexpr std::string_view intoBuffer = "リードテンポラリバッファにデータを格納しました。";
 constexpr std::string_view fromMemory = "メモリよりデータを取得しました。";
 
-std::uint8_t& memoryAt(Machine& machine, int index) {
-    return machine.chipMemory[static_cast<std::size_t>(index)];
-}
-
 void emptyWriteBuffer(Machine& machine) {
     machine.writeTempLowFull = false;
     machine.writeTempHighFull = false;

@@ -43,11 +43,7 @@ Write takeApart(int address, Width width, Half half, std::string_view text) {
 }
 
 void store(Machine& machine, int address, int value) {
-    machine.chipMemory[static_cast<std::size_t>(address)] = static_cast<std::uint8_t>(value);
-}
-
-int load(const Machine& machine, int address) {
-    return machine.chipMemory[static_cast<std::size_t>(address)];
+    memoryAt(machine, address) = static_cast<std::uint8_t>(value);
 }
 
 bool duplexMismatch(const Machine& machine) {
@@ -99,7 +95,7 @@ Answer writeSSR(Machine& /*machine*/, const Write& /*write*/) {
 
 Answer writeHPR(Machine& machine, const Write& write) {
     const auto writeHalf = [&machine](int address, int value) {
-        store(machine, address, (load(machine, address) & bufferInUse) | (value & protectionOn));
+        store(machine, address, (memoryAt(machine, address) & bufferInUse) | (value & protectionOn));
     };
     if (write.coversLow) {
         writeHalf(reg::hprLow, write.low);
@@ -115,7 +111,7 @@ void writeInterrupt(Machine& machine, const Write& write, int enableBits) {
         store(machine, write.address + 1, write.high & enableBits);
     }
     if (write.coversLow) {
-        store(machine, write.address, load(machine, write.address) & ~write.low);
+        store(machine, write.address, memoryAt(machine, write.address) & ~write.low);
         updateIntLed(machine);
     }
 }

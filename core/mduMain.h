@@ -230,6 +230,11 @@ struct Machine {
     std::uint64_t systemTimer = 0;  // milliseconds; whoever drives the ticks keeps it up to date
 };
 
+// A byte of chipMemory.
+inline std::uint8_t& memoryAt(Machine& machine, int index) {
+    return machine.chipMemory[static_cast<std::size_t>(index)];
+}
+
 // A word of chipMemory, low byte at the even `index`.
 inline int memoryWord(const Machine& machine, int index) {
     const auto at = static_cast<std::size_t>(index);

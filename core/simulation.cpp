@@ -16,10 +16,6 @@ constexpr int mostFailures = 7;
 constexpr std::uint8_t passEndRequest = 0x08;
 constexpr std::uint8_t scanEndRequest = 0x80;
 
-std::uint8_t& memoryAt(Machine& machine, int index) {
-    return machine.chipMemory[static_cast<std::size_t>(index)];
-}
-
 // --- commands ----------------------------------------------------------------------------------------------------------
 
 enum class Source { input, counter, counterCleared, serial };

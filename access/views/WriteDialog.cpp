@@ -1,5 +1,6 @@
 #include "access/views/WriteDialog.h"
 
+#include "access/hexText.h"
 #include "platform/look.h"
 #include "platform/twips.h"
 
@@ -105,6 +106,10 @@ void WriteDialog::showAccess(const QString& address, const QString& bits, const 
     txtWriteData_->setGeometry(layout.left, fieldTop, layout.width, fieldHeight);
     txtWriteData_->setMaxLength(layout.digits);
     txtWriteData_->setValue(value);
+}
+
+QString WriteDialog::hex(int value, int digits) {
+    return QString::fromStdString(hexText(static_cast<unsigned>(value), digits));
 }
 
 bool WriteDialog::event(QEvent* event) {

@@ -28,6 +28,8 @@ protected:
     QString text() const { return txtWriteData_->text(); }
     // Lays the field out for the width and fills the dialog.
     void showAccess(const QString& address, const QString& bits, const QString& value);
+    // A number as the dialog shows it.
+    static QString hex(int value, int digits);
     // Fills the dialog for the option now chosen, with showAccess.
     virtual void setupAccess() = 0;
 

@@ -1,15 +1,5 @@
 #include "access/views/frmEditMemory.h"
 
-#include "access/hexText.h"
-
-namespace {
-
-QString hex(int value, int digits) {
-    return QString::fromStdString(hexText(static_cast<unsigned>(value), digits));
-}
-
-}  // namespace
-
 frmEditMemory::frmEditMemory(Machine& machine, QWidget* owner)
     : WriteDialog("frmEditMemory", "Memory Write", OvertypeField::Case::asTyped, owner), machine_(machine) {}
 

@@ -3,14 +3,6 @@
 #include "access/hexText.h"
 #include "access/memoryAccess.h"
 
-namespace {
-
-QString hex(int value, int digits) {
-    return QString::fromStdString(hexText(static_cast<unsigned>(value), digits));
-}
-
-}  // namespace
-
 frmEditRegister::frmEditRegister(Machine& machine, QWidget* owner)
     : WriteDialog("frmEditRegister", "Register Write", OvertypeField::Case::upper, owner), machine_(machine) {}
 

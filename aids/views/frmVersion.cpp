@@ -5,7 +5,7 @@
 #include "platform/look.h"
 #include "platform/screen.h"
 
-#include <QEvent>
+#include <QCloseEvent>
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
@@ -175,6 +175,12 @@ void frmVersion::hideVersion() {
     timTimer_.setEnabled(false);
     hide();
     emit closed();
+}
+
+// The desktop's own way of closing is a click like any other: it waits for the end of the start-up.
+void frmVersion::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    hideVersion();
 }
 
 void frmVersion::mousePressEvent(QMouseEvent* event) {

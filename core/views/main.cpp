@@ -11,7 +11,9 @@ int main(int argc, char** argv) {
     look::applyTo(application);
 
     Program program(std::filesystem::path(QApplication::applicationDirPath().toStdU16String()));
-    QObject::connect(&program, &Program::finished, &application, &QApplication::quit, Qt::QueuedConnection);
+    // The learner has been asked: nothing asks the windows again.
+    QObject::connect(
+        &program, &Program::finished, &application, [] { QApplication::exit(); }, Qt::QueuedConnection);
     QTimer::singleShot(0, &program, &Program::Main);
     return QApplication::exec();
 }

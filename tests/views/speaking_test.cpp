@@ -107,6 +107,7 @@ TEST(StartPanel, cannot_be_closed_before_the_start_up_is_done) {
     panel.open();
     EXPECT_EQ(panel.timTimer().interval(), 1000);
     QTest::mouseClick(&panel, Qt::LeftButton);
+    panel.close();
     EXPECT_TRUE(panel.isVisible());
     EXPECT_EQ(panel.timTimer().interval(), 500) << "it looks again soon";
     machine.startupDone = true;
