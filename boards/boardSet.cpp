@@ -76,6 +76,7 @@ void setUpBench(Machine& machine) {
     machine.picTermR = untouched.picTermR;
     machine.picReset = untouched.picReset;
     machine.picCLR = untouched.picCLR;
+    machine.picCounter = untouched.picCounter;
     machine.picBPSS = untouched.picBPSS;
     initPins(machine);
     initCombo(machine);

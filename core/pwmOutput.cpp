@@ -54,6 +54,14 @@ std::int16_t turned(std::int16_t number, int by, int count) {
 
 }  // namespace
 
+bool pwmShown(const Machine& machine) {
+    return machine.ios52 == modeLamp || machine.ios52 == modeMotor;
+}
+
+bool motorTurns(const Machine& machine) {
+    return machine.ios52 == modeMotor;
+}
+
 void showPower(Machine& machine) {
     const int power = powerOf(machine);
     for (std::size_t bit = 0; bit < machine.picPower.size(); ++bit) {

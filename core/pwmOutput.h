@@ -14,6 +14,10 @@
 
 #include "core/mduMain.h"
 
+// The IOS modes with a PWM panel, and the one whose motor turns.
+bool pwmShown(const Machine& machine);
+bool motorTurns(const Machine& machine);
+
 // Takes the power from the DO word and starts the pictures of its movement anew.
 void showPower(Machine& machine);
 

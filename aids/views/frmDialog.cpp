@@ -85,6 +85,7 @@ void frmDialog::showFirst() {
     emit appeared();
     show();
     activateWindow();
+    cmdAction_[0]->setDefault(true);  // not the button of the answer before
     cmdAction_[0]->setFocus();
 }
 

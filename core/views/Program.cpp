@@ -4,8 +4,12 @@
 #include "access/views/frmRegister.h"
 #include "aids/views/frmDialog.h"
 #include "aids/views/frmMessage.h"
+#include "aids/views/frmOsiro.h"
 #include "aids/views/frmVersion.h"
 #include "boards/boardSet.h"
+#include "boards/network.h"
+#include "boards/portPins.h"
+#include "boards/views/frmHard.h"
 #include "config/settings.h"
 #include "core/views/frmMDI.h"
 #include "memwin/views/MemoryWindows.h"
@@ -15,6 +19,7 @@
 #include <QApplication>
 #include <QCursor>
 #include <QDateTime>
+#include <QMdiArea>
 
 namespace {
 
@@ -87,7 +92,7 @@ void Program::loadWindows() {
     };
     const auto nothingYet = [] {};
     step("メインウィンドウロード中です。", [this] { loadMain(); });
-    step("ハードウェアウィンドウロード中です。", [this] { setUpBench(machine_); });
+    step("ハードウェアウィンドウロード中です。", [this] { loadHard(); });
     step("レジスタウィンドウロード中です。", [this] { loadRegister(); });
     for (const Area area : {Area::controlDoDi, Area::c1ToC7, Area::drc}) {
         step("メモリウィンドウロード中です。", [this, area] { memoryWindows_->load(area); });
@@ -156,6 +161,51 @@ void Program::loadMemoryWindows() {
     });
 }
 
+void Program::loadHard() {
+    setUpBench(machine_);
+    frmHard_ = new frmHard(machine_, &frmMDI_->area());
+    frmMDI_->area().addSubWindow(frmHard_, frmHard_->windowFlags());
+    memoryWindows_->setReadOrigin(frmHard_);
+    frmHard_->move(0, 0);
+    connect(frmHard_, &frmHard::refreshWanted, this, &Program::refreshAll);
+    connect(frmHard_, &frmHard::answered, this, [this](const Answer& answer) {
+        if (const auto* notice = std::get_if<Popup>(&answer)) {
+            popupAtPointer(QString::fromStdString(notice->text));
+        } else {
+            say(*frmHard_, answer);
+        }
+    });
+    connect(frmHard_, &frmHard::duplexQuestion, this, &Program::answerDuplex);
+    connect(frmHard_, &frmHard::chartWanted, this, &Program::openTimingChart);
+    connect(frmHard_, &frmHard::busTypeChanged, memoryWindows_.get(), &MemoryWindows::busTypeChanged);
+    frmHard_->show();
+}
+
+// The question comes first; the change, and the warning after it, follow the answer.
+void Program::answerDuplex(const Answer& question) {
+    const auto* asked = std::get_if<Warning>(&question);
+    if (asked == nullptr) {
+        emit frmHard_->answered(question);
+        return;
+    }
+    frmDialog_->warningDialog(*asked, [this](frmDialog::Result result) {
+        const Answer answer = picJumper_Answered(machine_, result == frmDialog::resultOk);
+        frmHard_->changed(answer);
+    });
+}
+
+void Program::openTimingChart(int group, QPoint offset) {
+    if (frmOsiro_ == nullptr) {
+        frmOsiro_ = std::make_unique<frmOsiro>(frmMDI_.get());
+    }
+    frmOsiro_->initPicture(timingChart(machine_, static_cast<std::size_t>(group)));
+    placeWindow(*frmOsiro_, frmHard_->mapToGlobal(QPoint()) + offset);
+    if (!frmOsiro_->isVisible()) {
+        frmOsiro_->show();
+        frmOsiro_->raise();
+    }
+}
+
 void Program::loadRegister() {
     if (machine_.openWindowDefault[1] != 0) {
         openRegisterWindow();
@@ -200,6 +250,9 @@ void Program::openSound() {
 
 void Program::quitProgram() {
     steps_.clear();
+    delete frmHard_;
+    frmHard_ = nullptr;
+    frmOsiro_.reset();
     memoryWindows_.reset();
     frmDialog_.reset();
     frmMessage_.reset();
@@ -265,6 +318,9 @@ void Program::openVersion() {
 // --- what the windows ask for ------------------------------------------------------------------------------------------------
 
 void Program::refreshAll() {
+    if (frmHard_ != nullptr) {
+        frmHard_->refresh();
+    }
     if (frmRegister_ != nullptr) {
         frmRegister_->refreshRegisters();
     }

@@ -22,6 +22,7 @@
 class MemoryWindows;
 class frmDialog;
 class frmEditRegister;
+class frmHard;
 class frmMDI;
 class frmMessage;
 class frmOsiro;
@@ -53,6 +54,8 @@ public:
     Machine& machine() { return machine_; }
     // The windows that exist; a window that is not loaded is null.
     frmMDI* mainWindow() { return frmMDI_.get(); }
+    frmHard* hardware() { return frmHard_; }
+    frmOsiro* timingChartWindow() { return frmOsiro_.get(); }
     frmRegister* registerWindow() { return frmRegister_.get(); }
     frmEditRegister* registerDialog() { return frmEditRegister_.get(); }
     frmMessage* message() { return frmMessage_.get(); }
@@ -72,6 +75,7 @@ private:
     void loadMain();
     void loadDialogs();
     void loadMemoryWindows();
+    void loadHard();
     void loadRegister();
     void fillMemory();
     void openMemoryWindows();
@@ -84,6 +88,8 @@ private:
     void showRegisterWindow();
     void unloadRegisterWindow();
     void openVersion();
+    void openTimingChart(int group, QPoint offset);
+    void answerDuplex(const Answer& question);
     void popup(const QString& text, QPoint point);
     // A place counted from the main window's own top left corner.
     QPoint fromMain(QPoint place) const;
@@ -96,6 +102,8 @@ private:
     // The main window comes first and goes last: it owns the others on the screen.
     std::unique_ptr<frmMDI> frmMDI_;
     std::unique_ptr<frmVersion> frmVersion_;
+    frmHard* frmHard_ = nullptr;  // a child of the main window's area
+    std::unique_ptr<frmOsiro> frmOsiro_;
     std::unique_ptr<frmRegister> frmRegister_;
     std::unique_ptr<frmEditRegister> frmEditRegister_;
     std::unique_ptr<frmMessage> frmMessage_;

@@ -17,7 +17,7 @@ constexpr int belowCell = 24;
 constexpr int dialogFoot = twips(2700);
 constexpr int dialogAbove = twips(200);
 
-// The read dialog's place, counted from the corner of the area.
+// The read dialog's place, counted from the corner of the hardware window.
 constexpr QPoint readPlace{twips(1800), twips(2500)};
 
 constexpr Qt::WindowFlags outsideFlags = Qt::Tool | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
@@ -191,9 +191,21 @@ void MemoryWindows::openMemoryRead() {
         emit popupWanted("８ビットバス選択時のみ機能します");
         return;
     }
-    placeWindow(*frmMemoryRead_, area_.mapToGlobal(readPlace));
+    placeWindow(*frmMemoryRead_, (readOrigin_ != nullptr ? readOrigin_.data() : &area_)->mapToGlobal(readPlace));
     frmMemoryRead_->show();
     frmMemoryRead_->activateWindow();
+}
+
+void MemoryWindows::busTypeChanged() {
+    if (!bus8bit(machine_)) {
+        frmMemoryRead_->hide();
+    }
+    for (const auto& window : windows_) {
+        if (window != nullptr) {
+            window->setAreaLayout();
+        }
+    }
+    repaintAllAreas();
 }
 
 void MemoryWindows::readProtectionChanged() {

@@ -9,6 +9,7 @@
 
 #include <QObject>
 #include <QPoint>
+#include <QPointer>
 
 #include <array>
 #include <memory>
@@ -39,6 +40,10 @@ public:
     void repaintAllAreas();
     // The view of the bus type for one window; all windows are brought up to date after it.
     void setAreaLayout(Area area);
+    // The bus type has changed: every window takes its view, and the read dialog goes from a 16-bit bus.
+    void busTypeChanged();
+    // The read dialog's place counts from this window.
+    void setReadOrigin(QWidget* bench) { readOrigin_ = bench; }
     // A write changed HPR's low byte: a visible read dialog starts anew.
     void readProtectionChanged();
 
@@ -77,6 +82,7 @@ private:
     Machine& machine_;
     QMdiArea& area_;
     QWidget& owner_;
+    QPointer<QWidget> readOrigin_;
     std::array<std::unique_ptr<frmDump>, 3> windows_;
     std::unique_ptr<frmDumpSel> frmDumpSel_;
     std::unique_ptr<frmEditMemory> frmEditMemory_;

@@ -282,14 +282,14 @@ TEST_F(MemoryView, always_in_front_takes_the_window_out_of_the_area_and_back) {
     for (int time = 0; time < 2; ++time) {
         box->click();
         EXPECT_TRUE(dump().isWindow() && dump().isVisible());
-        EXPECT_EQ(main().area().subWindowList().size(), 2);
+        EXPECT_EQ(main().area().subWindowList().size(), 3);
         machine().chipMemory[0x080] = static_cast<std::uint8_t>(time + 1);
         fire();
         EXPECT_EQ(shown(Area::controlDoDi, 0x8F).value, time + 1) << "it goes on following";
         box->click();
         EXPECT_FALSE(dump().isWindow());
         EXPECT_TRUE(dump().isVisible());
-        EXPECT_EQ(main().area().subWindowList().size(), 3);
+        EXPECT_EQ(main().area().subWindowList().size(), 4) << "the hardware window and three dumps";
     }
     main().area().subWindowList().last()->close();
     EXPECT_FALSE(dump().isVisible());

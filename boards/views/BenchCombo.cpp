@@ -1,0 +1,95 @@
+#include "boards/views/BenchCombo.h"
+
+#include "platform/look.h"
+
+#include <QAbstractItemView>
+#include <QKeyEvent>
+#include <QWheelEvent>
+
+namespace {
+
+constexpr int boxHeight = 20;
+constexpr int itemsAtOnce = 16;
+
+}  // namespace
+
+BenchCombo::BenchCombo(const QString& name, const QStringList& items, int width, QWidget* parent) : QComboBox(parent) {
+    setObjectName(name);
+    setAccessibleName(name);
+    setFont(look::hexFont(11));
+    addItems(items);
+    setMaxVisibleItems(itemsAtOnce);
+    setFixedSize(width, boxHeight);
+    view()->setTextElideMode(Qt::ElideNone);
+    setProperty("benchCombo", true);
+    hide();
+    connect(this, &QComboBox::activated, this, [this] {
+        if (!walking_) {
+            close();
+        }
+    });
+}
+
+void BenchCombo::open(int listIndex) {
+    setCurrentIndex(listIndex);
+    open_ = true;
+    hadFocus_ = false;
+    show();
+    raise();
+    emit opened(true);
+}
+
+void BenchCombo::close() {
+    end(hadFocus_);
+}
+
+void BenchCombo::end(bool commit) {
+    if (!open_) {
+        return;
+    }
+    // The focus goes with the box, and must not commit a second time.
+    open_ = false;
+    hadFocus_ = false;
+    const int chosen = currentIndex();
+    hidePopup();
+    hide();
+    if (commit) {
+        emit committed(chosen);
+    }
+    emit opened(false);
+}
+
+void BenchCombo::focusInEvent(QFocusEvent* event) {
+    hadFocus_ = open_;
+    QComboBox::focusInEvent(event);
+}
+
+void BenchCombo::focusOutEvent(QFocusEvent* event) {
+    QComboBox::focusOutEvent(event);
+    // The list that drops down takes the focus for itself, on some desktops as a window of its own.
+    if (event->reason() != Qt::PopupFocusReason && !view()->isVisible()) {
+        end(hadFocus_);
+    }
+}
+
+void BenchCombo::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+        case Qt::Key_Escape: end(false); break;
+        case Qt::Key_Return:
+        case Qt::Key_Enter: close(); break;
+        default:
+            // The arrow keys choose item after item, and none of them is the last word.
+            walking_ = true;
+            QComboBox::keyPressEvent(event);
+            walking_ = false;
+    }
+}
+
+void BenchCombo::wheelEvent(QWheelEvent* event) {
+    // Only for the one at work: the wheel also scrolls and zooms the bench.
+    if (hasFocus()) {
+        QComboBox::wheelEvent(event);
+    } else {
+        event->ignore();
+    }
+}

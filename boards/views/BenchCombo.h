@@ -1,0 +1,37 @@
+// A combo box that stands over a picture of the bench while a setting is chosen. It commits when it loses the focus, by
+// whatever means; one that never had the focus commits nothing, and neither does a list that merely drops down.
+
+#pragma once
+
+#include <QComboBox>
+
+class BenchCombo : public QComboBox {
+    Q_OBJECT
+
+public:
+    BenchCombo(const QString& name, const QStringList& items, int width, QWidget* parent);
+
+    // Shows the box with this item chosen.
+    void open(int listIndex);
+    bool isOpen() const { return open_; }
+    // Hides the box; a box that has the focus commits.
+    void close();
+
+signals:
+    void committed(int listIndex);
+    // The box came up or went away.
+    void opened(bool open);
+
+protected:
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+
+private:
+    void end(bool commit);
+
+    bool open_ = false;
+    bool hadFocus_ = false;
+    bool walking_ = false;
+};
