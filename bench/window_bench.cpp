@@ -1,6 +1,7 @@
 // What a firing costs with the windows, and how long the start takes.
 
 #include "access/views/frmRegister.h"
+#include "boards/views/frmHard.h"
 #include "core/views/Program.h"
 #include "core/views/frmMDI.h"
 #include "memwin/views/MemoryWindows.h"
@@ -25,6 +26,32 @@ void refreshOfAnUnchangedRegisterWindow(benchmark::State& state) {
     }
 }
 BENCHMARK(refreshOfAnUnchangedRegisterWindow);
+
+void refreshOfAnUnchangedBench(benchmark::State& state) {
+    Machine machine = makersMachine();
+    frmHard bench(machine);
+    bench.show();
+    for (auto round : state) {
+        benchmark::DoNotOptimize(bench.refresh());
+    }
+}
+BENCHMARK(refreshOfAnUnchangedBench);
+
+// Every LED of three ports changes at each round, and is painted.
+void benchWithAllOutputsChanging(benchmark::State& state) {
+    Machine machine = makersMachine();
+    frmHard bench(machine);
+    bench.show();
+    QApplication::processEvents();
+    for (auto round : state) {
+        for (Pin& pin : machine.picPO) {
+            pin.level = !pin.level;
+        }
+        bench.refresh();
+        QApplication::processEvents();
+    }
+}
+BENCHMARK(benchWithAllOutputsChanging)->Unit(benchmark::kMicrosecond);
 
 void firingWithTheRegisterWindowPainted(benchmark::State& state) {
     Machine machine = scanningMachine();

@@ -1,5 +1,6 @@
 #include "boards/views/BenchPart.h"
 
+#include "boards/views/benchAccess.h"
 #include "platform/labels.h"
 
 #include <QCursor>
@@ -83,7 +84,7 @@ bool BenchPart::refresh(const Machine& machine) {
     if (otherPicture) {
         reloadPicture();
     }
-    emit stateChanged();
+    tellState(*this);
     return true;
 }
 
@@ -223,6 +224,7 @@ void BenchPart::focusInEvent(QFocusEvent* event) {
     if (event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason) {
         ring_ = event->reason() != Qt::MouseFocusReason;
     }
+    tellFocus(*this);
     update();
 }
 

@@ -69,7 +69,6 @@ public:
 
 signals:
     void gesture(BenchPart* part, Gesture gesture);
-    void stateChanged();
 
 protected:
     void mousePressEvent(QGraphicsSceneMouseEvent* event) override;

@@ -8,6 +8,7 @@
 #include "boards/stationCheck.h"
 #include "boards/views/BenchCombo.h"
 #include "boards/views/BenchView.h"
+#include "boards/views/benchAccess.h"
 #include "core/pwmOutput.h"
 #include "platform/labels.h"
 #include "platform/look.h"
@@ -338,6 +339,7 @@ frmHard::frmHard(Machine& machine, QWidget* area)
     setWidget(view_);
     setWindowTitle("HardWare");
     setAttribute(Qt::WA_DeleteOnClose, false);
+    makeBenchAccessible();
     makeScene();
     makeCombos();
     connect(view_, &BenchView::zoomed, this, &frmHard::rescale);
