@@ -232,7 +232,8 @@ def link(x1, x2, rows):
 def cardBoard1():
     s = satellite() + link(258, 286, (1, 2, 3)) + ledResistor(398, 35) + trace((400, 35), (412, 35))
     s += label(292.2, 62, 'BPS') + label(413, 62, 'MON')
-    s += label(426, 88, 'VRB-TS&#160; Ver.2.00 &#160; Varel Bus Network', 8, FAINT, False, 'end')
+    for x, words in ((426, 'Varel Bus Network'), (350, 'Ver.2.00'), (312, 'VRB-TS')):
+        s += label(x, 88, words, 8, FAINT, False, 'end')
     return s + portPrint(98, 98)
 
 
@@ -339,11 +340,11 @@ def mat():
     s += move(.8, .8, path(main, 'none', '#eef0f1', .6, .6))
     # the bus: a line and its stations
     for by, c in ((.7, '#f4f6f6'), (-.7, '#9aa2a6'), (0, '#bdc4c8')):
-        s += move(by, by, path('M580 186H820', 'none', c, 2.4, 1, 'round')
-                  + ''.join(rect(574 + 60 * k, 180, 12, 12, 3, c) for k in range(5)))
-    s += ''.join(rect(577.5 + 60 * k, 183.5, 5, 5, 1, '#d7dbdd') for k in range(5))
-    s += embossed(700, 152, 'VRB-TS', 42, 5, .8, '#c0c6ca')
-    s += embossed(700, 220, 'VAREL BUS NETWORK TRAINING KIT', 11, 2.4, .35, '#a4acb0')
+        s += move(by, by, path('M580 178H820', 'none', c, 2.4, 1, 'round')
+                  + ''.join(rect(574 + 60 * k, 172, 12, 12, 3, c) for k in range(5)))
+    s += ''.join(rect(577.5 + 60 * k, 175.5, 5, 5, 1, '#d7dbdd') for k in range(5))
+    s += embossed(700, 150, 'VRB-TS', 42, 5, .8, '#c0c6ca')
+    s += embossed(700, 210, 'VAREL BUS NETWORK TRAINING KIT', 11, 2.4, .35, '#a4acb0')
     return s + label(31, 611, 'NOISE', 10, '#23292d') + label(31, 622, 'Simulate', 9, '#3b444a', False)
 
 
@@ -356,7 +357,7 @@ def turnSign(mirrored):
 
 
 def pulseSign(mirrored):
-    s = path('M.9 8.2H1.6V2H4V8.2H6.4V2H8.8V5.2', 'none', SILK, 1.3, 1, 'butt', 'miter') + path('M8.6 1.9L13.4 5.1L8.6 8.3Z', SILK)
+    s = path('M.2 8.5H1.5V1.5H4.5V8.5H7.5V4.5H10', 'none', SILK, 1.1) + path('M9.2 1.3L13.8 4.6L9.2 7.9Z', SILK)
     return s if not mirrored else '<g transform="translate(14 0) scale(-1 1)">%s</g>' % s
 
 
