@@ -7,7 +7,7 @@ rates, jumper names) is left out here, its place stays free of copper.
 """
 import math
 
-from partsKit import circ, g, header, legs, lightLine, move, n, path, pt, rect, shadow, strip, text
+from partsKit import circ, g, header, move, n, path, pt, rect, shadow, strip, text
 
 SILK, FAINT, COPPER = '#f3f7f1', '#bcd8c6', '#2f8f60'
 PIN_X = (70, 83, 96, 109, 125, 138, 151, 164, 183, 196, 209, 222, 238, 251, 264, 277)  # bit 15 to bit 0
@@ -16,8 +16,7 @@ PIN_X = (70, 83, 96, 109, 125, 138, 151, 164, 183, 196, 209, 222, 238, 251, 264,
 # ------------------------------------------------------------------ the board
 def board(w, h, holes):
     s = rect(.5, .5, w - 1, h - 1, 4, g('mask'), '#0f3f28', 1)
-    s += path('M%s 5V%sA3.2 3.2 0 0 1 5 1.6H%s' % ('1.6', '5', n(w - 5.0)), 'none', '#7fcfa0', .8, .55, 'round')
-    s += path('M1.6 5V%s' % n(h - 5.0), 'none', '#7fcfa0', .8, .45, 'round')
+    s += path('M1.6 %sV5A3.4 3.4 0 0 1 5 1.6H%s' % (n(h - 5.0), n(w - 5.0)), 'none', '#7fcfa0', .8, .55, 'round')
     s += path('M5 %sH%sA3.2 3.2 0 0 0 %s %sV5' % (n(h - 1.8), n(w - 5.0), n(w - 1.8), n(h - 5.0)), 'none', '#0f3f28', .8, .6, 'round')
     s += path('M5 %sH%s' % (n(h - 3.2), n(w - 6.0)), 'none', '#3b9a6a', .6, .45, 'round')
     for x, y in holes:
@@ -34,7 +33,7 @@ def corners(w, h, which):
 
 # --------------------------------------------------------------------- copper
 def trace(*points):
-    """Copper under the mask: a lighter line with a darker rim, as light falls on its slope."""
+    """Copper under the mask."""
     d = 'M' + 'L'.join(map(pt, points))
     return path(d, 'none', COPPER, 1.5, .8, 'round', 'round')
 
@@ -68,7 +67,7 @@ def transformerPads(x, y):
 
 
 def terminatorPads(x, y):
-    s = path('M%s %sh20.8v7.2h-20.8Z' % (n(x + 6.6), n(y + 1.4)), 'none', FAINT, .8, .7).replace(
+    s = path('M%s %sh19.4v5.4h-19.4Z' % (n(x + 7.3), n(y + 2.3)), 'none', FAINT, .8, .75).replace(
         '/>', ' stroke-dasharray="3 2"/>')
     for a in (2.5, 31.5):
         s += circ(x + a, y + 5, 2.4, g('tin'), '#8d969b', .4) + circ(x + a, y + 5, 1, '#23292d')
@@ -87,13 +86,9 @@ def resistor(x, y, upright=False):
     return capacitor(x, y, upright, '#22262a')
 
 
-def chipMark(x, y, size):
-    """Corner ticks around a chip and the dot at its first pin."""
-    e = size - 1.6
-    s = ''
-    for ax, ay, dx, dy in ((x, y, 1, 1), (x + e, y, -1, 1), (x, y + e, 1, -1), (x + e, y + e, -1, -1)):
-        s += path('M%s %sv%sh%s' % (n(ax - dx * .4), n(ay + dy * 3.2), n(-3.6 * dy), n(3.6 * dx)), 'none', FAINT, .8, .8)
-    return s
+def chipMark(x, y):
+    """The dot at a chip's first pin."""
+    return circ(x + .2, y + .2, 1.2, SILK, op=.9)
 
 
 # ----------------------------------------------------------------------- print
@@ -103,11 +98,11 @@ def label(x, y, s, size=9, fill=SILK, bold=True, anchor='middle'):
 
 def frame(x, y, w, h, caption='', at=0, width=0):
     """A printed frame; its caption stands in the gap of the upper line, "at" counted from the frame's left."""
-    r = 3
+    r = 3.0
     d = 'M%s %sH%sA3 3 0 0 1 %s %sV%sA3 3 0 0 1 %s %sH%sA3 3 0 0 1 %s %sV%sA3 3 0 0 1 %s %s' % tuple(n(float(v)) for v in (
         x + at + width + 3, y, x + w - r, x + w, y + r, y + h - r, x + w - r, y + h, x + r, x, y + h - r, y + r, x + r, y))
     if not caption:
-        return rect(x, y, w, h, r, 'none', FAINT, .8)
+        return rect(x, y, w, h, 3, 'none', FAINT, .8)
     return (path(d + 'H%s' % n(float(x + at - 3)), 'none', FAINT, .8, 1, 'round')
             + label(x + at, y + 3.2, caption, 9, SILK, True, 'start'))
 
@@ -128,12 +123,12 @@ def pinOutline(x, y):
 
 def portPrint(x, y, four=False):
     s = frame(x, y + 4, 324, 66, 'PIO-Pin Signal', 72, 65)
-    s += path('M%s %sV%s' % (n(x + 52.0), n(y + 11.0), n(y + 64.0)), 'none', FAINT, .8, .6, 'round')
+    s += path('M%s %sV%s' % (n(x + 52.0), n(y + 11.0), n(y + 57.5)), 'none', FAINT, .8, .6, 'round')
     if four:
         s += label(x + 14, y + 67, 'STB1')
     else:
         s += label(x + 14, y + 14, 'SSA') + label(x + 40, y + 14, 'SSB')
-        s += label(x + 11.5, y + 67, 'DO') + label(x + 26.8, y + 67, 'STB', 8, FAINT, False) + label(x + 42, y + 67, 'DI')
+        s += label(x + 10.6, y + 67, 'DO') + label(x + 26.9, y + 67, 'STB', 8, FAINT, False) + label(x + 42.6, y + 67, 'DI')
         s += label(x + 61, y + 32, 'DI') + label(x + 60.4, y + 63.3, 'DO')
     for k, p in enumerate(PIN_X):
         if four and k < 4:
@@ -179,10 +174,10 @@ def cardCenter():
         s += transformerPads(46, y) + transformerPads(74, y)
     s += terminatorPads(4, 40) + terminatorPads(4, 78)
     s += trace((132, 86), (132, 96)) + via(132, 98) + capacitor(129.9, 84.4, True) + capacitor(211, 104.4)
-    s += chipMark(146, 17, 60)
+    s += chipMark(146, 17)
     # the host bus
-    s += path('M209.5 36.5L219.5 26.4V31H312.5V26.4L322.5 36.5L312.5 46.6V42H219.5V46.6Z', '#1f7348', SILK, 1.1, 1, 'round', 'round')
-    s += label(266, 39.9, 'HOST BUS')
+    s += path('M209.5 36.5L219.5 26.4V31H310.5V26.4L320.5 36.5L310.5 46.6V42H219.5V46.6Z', '#1f7348', SILK, 1.1, 1, 'round', 'round')
+    s += label(265, 39.8, 'HOST BUS')
     s += frame(235, 55, 62, 30) + label(260, 66.3, 'INT0', 9, FAINT, False) + label(260, 80.1, 'INT1', 9, FAINT, False)
     s += label(118, 47, 'LINE', 8, FAINT, False) + label(100.6, 122, 'RESET')
     for x, name in ((233, 'SCAN'), (267, 'Chk1'), (301, 'Chk2')):
@@ -225,7 +220,7 @@ def satellite(serial=False):
             s += trace((160, ROW(i)), (x - 2, ROW(i)), (x, ROW(i) + 2), (x, y - 2), (x + 2, y), (200.4, y))
     s += transformerPads(46, 15) + transformerPads(46, 53) + terminatorPads(4, 81)
     s += trace((97, 73.9), (90, 73.9)) + trace((97, 81.9), (90, 81.9)) + via(89.4, 73.9) + via(89.4, 81.9)
-    s += capacitor(93, 71.8) + capacitor(93, 79.8) + chipMark(116, 20, 48)
+    s += capacitor(93, 71.8) + capacitor(93, 79.8) + chipMark(116, 20)
     s += label(91, 66, 'LINE', 8, FAINT, False) + label(36, 138, 'RESET', 9, SILK, True, 'start')
     return s + label(224, 62, 'SA.')
 
@@ -236,8 +231,9 @@ def link(x1, x2, rows):
 
 def cardBoard1():
     s = satellite() + link(258, 286, (1, 2, 3)) + ledResistor(398, 35) + trace((400, 35), (412, 35))
-    s += label(303.5, 62, 'BPS') + label(413, 62, 'MON')
-    s += label(426, 88, 'VRB-TS  Ver.2.00   Varel Bus Network', 8, FAINT, False, 'end')
+    s += label(292.2, 62, 'BPS') + label(413, 62, 'MON')
+    for x, words in ((426, 'Varel Bus Network'), (350, 'Ver.2.00'), (312, 'VRB-TS')):
+        s += label(x, 88, words, 8, FAINT, False, 'end')
     return s + portPrint(98, 98)
 
 
@@ -274,7 +270,7 @@ def cardBoard3():
         d = y - ROW(i)
         s += trace((80, ROW(i)), (start, ROW(i)), (start + d, y), (198, y), (198 + y - ROW(i), ROW(i)), (224, ROW(i)))
     s += trace((204, 74), (222, 74))
-    s += cascadeSocket(10.6, 17.6) + chipMark(36, 20, 48) + capacitor(42, 76) + capacitor(42, 84)
+    s += cascadeSocket(10.6, 17.6) + chipMark(36, 20) + capacitor(42, 76) + capacitor(42, 84)
     s += label(116.6, 52, 'RESET') + counterPrint(212, 17) + label(226, 92, 'SE')
     return s + portPrint(11, 98)
 
@@ -285,7 +281,7 @@ def cardBoard4():
     for k in range(2):  # socket of the drive's cable
         y, x = 86 + 2.7 * k, 396 + 2.7 * k
         s += trace((416, y), (x + 4 + 1.1 * k, y), (x, y + 4 + 1.1 * k), (x, 108 + 4 * k)) + via(x, 108 + 4 * k)
-    s += rect(412.6, 62.8, 19.2, 35, 1.5, 'none', FAINT, .8, .8) + move(414, 64, header(5, 18, 34))
+    s += move(414, 64, header(5, 18, 34))
     s += label(409, 80, 'PWM', 8, FAINT, False, 'end')
     s += label(292.4, 62, 'IOS') + label(335.6, 62, 'Mode') + label(413, 62, 'MON')
     return s + portPrint(98, 98, True)
@@ -305,12 +301,12 @@ def cardPWM():
     for k in range(6):
         s += trace((73 + 20 * k, 38), (73 + 20 * k, 46))
     s += trace((34, 49), (48, 49), (51, 46), (173, 46))
-    s += rect(11.4, 62.8, 19.2, 35, 1.5, 'none', FAINT, .8, .8) + move(12.8, 64, header(5, 18, 34))
+    s += move(12.8, 64, header(5, 18, 34))
     s += capacitor(14, 112, True) + capacitor(22, 112, True)
     s += trace((16.1, 118), (16.1, 128)) + trace((24.1, 118), (24.1, 128)) + via(16.1, 128) + via(24.1, 128)
     s += label(18, 12, 'PWM Drive', 11, SILK, True, 'start')
-    s += frame(34, 24, 150, 38, 'Internal Power Value', 10, 94)
-    s += label(41, 58, 'Do bit', 9, SILK, True, 'start')
+    s += frame(34, 24, 150, 38, 'Internal Power Value', 10, 96)
+    s += label(65, 58, 'Do bit', 8, SILK, True, 'end')
     for k in range(6):
         s += label(73 + 20 * k, 58, str(5 - k))
     s += wire('M178 107.4C192 107.4 183 72 200 72', '#7a150d', '#d9382b', '#ff9a8c')
@@ -323,11 +319,11 @@ ADVANCE = {'V': .697, 'R': .693, 'B': .686, '-': .374, 'T': .614, 'S': .648, 'A'
            'N': .753, 'W': .993, 'O': .765, 'K': .697, 'I': .335, 'G': .739, ' ': .313}
 
 
-def embossed(x, y, s, size, gap, depth):
+def embossed(x, y, s, size, gap, depth, face):
     """Letters pressed into the mat: dark at the upper left, light at the lower right."""
     width = sum(ADVANCE[c] * size + gap for c in s) - gap
     out = ''
-    for by, fill in ((depth, '#f4f6f6'), (-depth, '#9aa2a6'), (0, '#bdc4c8')):
+    for by, fill in ((depth, '#f4f6f6'), (-depth, '#9aa2a6'), (0, face)):
         left = x - width / 2.0
         for c in s:
             if c != ' ':
@@ -344,11 +340,11 @@ def mat():
     s += move(.8, .8, path(main, 'none', '#eef0f1', .6, .6))
     # the bus: a line and its stations
     for by, c in ((.7, '#f4f6f6'), (-.7, '#9aa2a6'), (0, '#bdc4c8')):
-        s += move(by, by, path('M580 186H820', 'none', c, 2.4, 1, 'round')
-                  + ''.join(rect(574 + 60 * k, 180, 12, 12, 3, c) for k in range(5)))
-    s += ''.join(rect(577.5 + 60 * k, 183.5, 5, 5, 1, '#d7dbdd') for k in range(5))
-    s += embossed(700, 152, 'VRB-TS', 46, 5, .9)
-    s += embossed(700, 220, 'VAREL BUS NETWORK TRAINING KIT', 11, 2.6, .5)
+        s += move(by, by, path('M580 178H820', 'none', c, 2.4, 1, 'round')
+                  + ''.join(rect(574 + 60 * k, 172, 12, 12, 3, c) for k in range(5)))
+    s += ''.join(rect(577.5 + 60 * k, 175.5, 5, 5, 1, '#d7dbdd') for k in range(5))
+    s += embossed(700, 150, 'VRB-TS', 42, 5, .8, '#c0c6ca')
+    s += embossed(700, 210, 'VAREL BUS NETWORK TRAINING KIT', 11, 2.4, .35, '#a4acb0')
     return s + label(31, 611, 'NOISE', 10, '#23292d') + label(31, 622, 'Simulate', 9, '#3b444a', False)
 
 
@@ -361,7 +357,7 @@ def turnSign(mirrored):
 
 
 def pulseSign(mirrored):
-    s = path('M.9 8.2H1.6V2H4V8.2H6.4V2H8.8V5.2', 'none', SILK, 1.3, 1, 'butt', 'miter') + path('M8.6 1.9L13.4 5.1L8.6 8.3Z', SILK)
+    s = path('M.2 8.5H1.5V1.5H4.5V8.5H7.5V4.5H10', 'none', SILK, 1.1) + path('M9.2 1.3L13.8 4.6L9.2 7.9Z', SILK)
     return s if not mirrored else '<g transform="translate(14 0) scale(-1 1)">%s</g>' % s
 
 
