@@ -202,7 +202,7 @@ constexpr Family picCLR{"picCLR",
                         "DO強制クリア プッシュ・スイッチ",
                         {"", "", "離", "押下"}};
 constexpr Family picPower{"picPower", [](const Machine& m, std::size_t i) { return ledGreen(m.picPower[i]); }, Pointer::arrow,
-                          "この表示はQDA52内部の状態です", darkLit};
+                          powerFrameTip.data(), darkLit};
 constexpr Family picPWM{"picPWM", STILL("picPWM", 1), Pointer::doubleClick,
                         "PWMモータドライブ回路。ダブルクリックで回路図を表示します。"};
 constexpr Family imgBelt{"imgBelt", lookOfBelt};
@@ -320,7 +320,7 @@ private:
         put(picMode, 0, board4, {325, 21});
         put(picBPSS, 0, board4, {367, 21});
         put(picMON_LED52, 0, board4, {406, 28});
-        put(fraCounter, 4, board4, {274, 69});
+        put(fraCounter, 4, board4, {274, 66});
         put(picCounter52, 24, board4, {296, 75});
         put(picCounter52, 25, board4, {346, 75});
     }

@@ -71,6 +71,9 @@ struct PartRow {
     Pointer pointer;
 };
 
+// Of the frame around the power LEDs, which the card's drawing holds.
+inline constexpr std::string_view powerFrameTip = "この表示はQDA52内部の状態です";
+
 // Every part, in the order in which the keyboard walks over them; a later part lies over an earlier one.
 const std::vector<PartRow>& benchParts();
 

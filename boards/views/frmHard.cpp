@@ -16,6 +16,7 @@
 
 #include <QCloseEvent>
 #include <QGraphicsPixmapItem>
+#include <QGraphicsRectItem>
 #include <QGraphicsScene>
 #include <QGraphicsSimpleTextItem>
 #include <QPainter>
@@ -397,6 +398,11 @@ void frmHard::makeCards() {
         cards_[card].picBoard->setTransformationMode(Qt::SmoothTransformation);
         scene_->addItem(cards_[card].picBoard);
     }
+    // The frame of the power LEDs explains itself as they do, print included.
+    constexpr QRectF powerFrame{34, 20, 150, 42};
+    auto* frame = new QGraphicsRectItem(powerFrame, cards_.back().picBoard);
+    frame->setPen(Qt::NoPen);
+    frame->setToolTip(textOf(powerFrameTip));
 }
 
 void frmHard::makeParts() {
