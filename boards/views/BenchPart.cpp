@@ -57,7 +57,6 @@ const QPixmap& BenchImages::image(const char* images, int number) {
 BenchPart::BenchPart(const PartRow& row, BenchImages& images, Answers answers, QGraphicsItem* parent)
     : QGraphicsObject(parent), row_(row), images_(images), answers_(answers) {
     setObjectName(QStringLiteral("%1(%2)").arg(QLatin1String(row.family->name)).arg(row.index));
-    setToolTip(textOf(row.tip));
     setPos(row.place);
     setPointer(row.pointer);
     setFlag(ItemIsFocusable, answers.any());
@@ -81,6 +80,7 @@ bool BenchPart::refresh(const Machine& machine) {
     look_ = wanted;
     setPos(row_.place + look_.moved);
     setVisible(look_.visible);
+    setToolTip(textOf(look_.tip != nullptr ? look_.tip : row_.tip));
     if (otherPicture) {
         reloadPicture();
     }

@@ -30,7 +30,7 @@ int digitOfSA(const Machine& machine, std::size_t index) {
 Look lookOfPin(const Machine& machine, std::size_t index) {
     constexpr QPointF outputPlace{-1, 7.5};  // an output of Board No4 is a LED in the middle of its row
     const Pin& pin = machine.picPI[index];
-    return pin.output ? Look{"ilsLED_G", pin.level ? 2 : 1, pin.visible, outputPlace}
+    return pin.output ? Look{"ilsLED_G", pin.level ? 2 : 1, pin.visible, outputPlace, "IO端子接続 LED(緑）"}
                       : Look{"ilsDIP1", pin.level ? 2 : 1, pin.visible};
 }
 

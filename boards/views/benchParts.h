@@ -48,7 +48,8 @@ struct Look {
     const char* images = nullptr;  // the image list
     int number = 1;
     bool visible = true;
-    QPointF moved{};  // from the place of its row
+    QPointF moved{};            // from the place of its row
+    const char* tip = nullptr;  // in place of its row's
     bool operator==(const Look&) const = default;
 };
 

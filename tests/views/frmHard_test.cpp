@@ -388,6 +388,8 @@ TEST_F(Bench, width_follows_card_and_panel) {
     EXPECT_EQ(bench().height(), height);
     // Outputs are LEDs below the row of inputs; a click on them does nothing.
     EXPECT_EQ(std::string(part("picPI", 72).shown().images), "ilsLED_G");
+    EXPECT_EQ(part("picPI", 72).toolTip(), "IO端子接続 LED(緑）");
+    EXPECT_EQ(part("picPI", 64).toolTip(), "IO端子接続 入力ディップ・スイッチ");
     click("picPI", 72);
     EXPECT_EQ(machine().diImage[9], 0);
     click("picPI", 64);
