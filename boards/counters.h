@@ -18,9 +18,8 @@
 
 #include <string_view>
 
-// The items of cmbMode.
-inline constexpr std::array<std::string_view, 4> counterModes{"0 フリーカウント", "1 内部ゲート1", "2 内部ゲート2",
-                                                              "3 外部ゲート"};
+// The counter modes of Board No4, by mode.
+inline constexpr std::array<std::string_view, 4> modeItems{"0 フリーカウント", "1 内部ゲート1", "2 内部ゲート2", "3 外部ゲート"};
 
 void picCounter_MouseDown(Machine& machine, std::size_t index);
 void picCounter_MouseUp(Machine& machine, std::size_t index);

@@ -1,72 +1,123 @@
 // The settings: the 19 numbers of VRB_TS2.INI, section INIT, in one table that says for each key which variable of the
-// machine takes it, which values it may have and what the maker recommends.
+// machine takes it, which values it may have, what the maker recommends and which control of the dialog shows it.
 //
-// The file is read once, at start. An absent key reads as 0, and so does a list index outside its list and a number outside
-// 16 bits. No message tells of a missing file.
+//   file ──readSettings──▶ variables ◀──Mdef_Set── maker's values
+//    ▲ │                       ▲                        │
+//    │ └─loadDialog─▶ values ──┴─applyDialog            │
+//    └────saveDialog─── of the dialog ◀──setDialogMaker─┘
+//
+// The file is read at start and by the dialog when it is loaded; only saveDialog writes it, only applyDialog and Mdef_Set
+// change the variables while the program runs. An absent key reads as 0, and so does a list index outside its list and a
+// number outside 16 bits. No message tells of a missing file.
 
 #pragma once
 
+#include "access/memoryAccess.h"
+#include "boards/boardSet.h"
+#include "boards/counters.h"
+#include "boards/portPins.h"
 #include "config/profileFile.h"
+#include "core/answer.h"
 #include "core/mduMain.h"
 
-#include <limits>
+#include <string>
 #include <string_view>
 
 inline constexpr std::string_view settingsFileName = "VRB_TS2.INI";
 inline constexpr std::string_view settingsSection = "INIT";
 
-struct Setting {
-    std::string_view key;
-    std::int16_t& (*variable)(Machine&);
-    std::int16_t makersValue;
-    // The range that is taken. Of a list index: that of its list.
-    std::int16_t least = std::numeric_limits<std::int16_t>::min();
-    std::int16_t most = std::numeric_limits<std::int16_t>::max();
+// The items of a combo box; their index is the value of the setting.
+struct ItemList {
+    int count = 0;
+    std::string (*item)(int index) = nullptr;
 };
 
-constexpr Setting listSetting(std::string_view key, std::int16_t& (*variable)(Machine&), std::int16_t makersValue,
-                              std::int16_t lastIndex) {
-    return {key, variable, makersValue, 0, lastIndex};
+template <const auto& items>
+constexpr ItemList listOf() {
+    return {static_cast<int>(items.size()), [](int index) { return std::string(items[static_cast<std::size_t>(index)]); }};
 }
 
-// In the order in which they are read.
+inline constexpr ItemList cpuTypeList = listOf<cpuTypeNames>();
+inline constexpr ItemList addressList{stationAddresses, addressItem};
+inline constexpr ItemList clockList = listOf<clockItems>();
+inline constexpr ItemList rateList = listOf<rateItems>();
+inline constexpr ItemList iosList{static_cast<int>(iosModes.size()),
+                                  [](int index) { return std::string(iosModes[static_cast<std::size_t>(index)].caption); }};
+inline constexpr ItemList modeList = listOf<modeItems>();
+
+// A setting without a list is a choice of two: the dialog shows it chosen for a number greater than 0, and writes 1 or 0.
+struct Setting {
+    std::string_view key;
+    std::string_view control;  // of frmDefault; empty: not shown, and never written
+    std::int16_t makersValue;
+    ItemList list;
+    std::int16_t& (*variable)(Machine&);
+};
+
+// In the order in which a new file has them.
 inline constexpr std::array<Setting, 19> settings{{
-    {"CABLECONNECTION", [](Machine& m) -> std::int16_t& { return m.cableConnectionDefault; }, 1},
-    {"MEMORYCLEAR", [](Machine& m) -> std::int16_t& { return m.memoryClearDefault; }, 1},
-    listSetting(
-        "CPUTYPE", [](Machine& m) -> std::int16_t& { return m.cpuType; }, 0, 3),
-    {"TRANSFER", [](Machine& m) -> std::int16_t& { return m.transferDefault[0]; }, 0},
-    listSetting(
-        "SA-QDA41", [](Machine& m) -> std::int16_t& { return m.boardSA[saQDA41]; }, 1, 62),
-    listSetting(
-        "SA-QDA73", [](Machine& m) -> std::int16_t& { return m.boardSA[saQDA73]; }, 0, 62),
-    listSetting(
-        "SA-QDA52", [](Machine& m) -> std::int16_t& { return m.boardSA[saQDA52]; }, 3, 62),
-    listSetting(
-        "CLOCK-QDA60", [](Machine& m) -> std::int16_t& { return m.boardClock[clockCenter]; }, 0, 3),
-    listSetting(
-        "CLOCK-QDA41", [](Machine& m) -> std::int16_t& { return m.boardClock[clockQDA41]; }, 0, 2),
-    listSetting(
-        "CLOCK-QDA73", [](Machine& m) -> std::int16_t& { return m.boardClock[clockQDA73]; }, 0, 3),
-    listSetting(
-        "CLOCK-QDA52", [](Machine& m) -> std::int16_t& { return m.boardClock[clockQDA52]; }, 0, 2),
-    {"CASCADE-QDA41", [](Machine& m) -> std::int16_t& { return m.cascadeDefault; }, 1},
-    listSetting(
-        "IOS-QDA52", [](Machine& m) -> std::int16_t& { return m.ios52; }, 5, 7),
-    listSetting(
-        "MODE-QDA52", [](Machine& m) -> std::int16_t& { return m.mode52; }, 0, 3),
-    {"OPENWINDOW1", [](Machine& m) -> std::int16_t& { return m.openWindowDefault[1]; }, 1},
-    {"OPENWINDOW2", [](Machine& m) -> std::int16_t& { return m.openWindowDefault[2]; }, 1},
-    {"OPENWINDOW3", [](Machine& m) -> std::int16_t& { return m.openWindowDefault[3]; }, 1},
-    {"OPENWINDOW4", [](Machine& m) -> std::int16_t& { return m.openWindowDefault[4]; }, 0},
-    {"OPENWINDOW5", [](Machine& m) -> std::int16_t& { return m.openWindowDefault[5]; }, 0},
+    {"CABLECONNECTION", "chkDef0", 1, {}, [](Machine& m) -> std::int16_t& { return m.cableConnectionDefault; }},
+    {"MEMORYCLEAR", "chkDef1", 1, {}, [](Machine& m) -> std::int16_t& { return m.memoryClearDefault; }},
+    {"TRANSFER", "optHF1", 0, {}, [](Machine& m) -> std::int16_t& { return m.transferDefault[0]; }},
+    {"CPUTYPE", "cmbCPUType", 0, cpuTypeList, [](Machine& m) -> std::int16_t& { return m.cpuType; }},
+    {"SA-QDA41", "cmbSA0", 1, addressList, [](Machine& m) -> std::int16_t& { return m.boardSA[saQDA41]; }},
+    {"SA-QDA73", "cmbSA2", 0, addressList, [](Machine& m) -> std::int16_t& { return m.boardSA[saQDA73]; }},
+    {"SA-QDA52", "cmbSA4", 3, addressList, [](Machine& m) -> std::int16_t& { return m.boardSA[saQDA52]; }},
+    // The start of a scan computes the center's rate from BCR: whatever stands here has no effect.
+    {"CLOCK-QDA60", "", 0, rateList, [](Machine& m) -> std::int16_t& { return m.boardClock[clockCenter]; }},
+    {"CLOCK-QDA41", "cmbClockDEF41", 0, clockList, [](Machine& m) -> std::int16_t& { return m.boardClock[clockQDA41]; }},
+    {"CLOCK-QDA73", "cmbClockDEF73", 0, rateList, [](Machine& m) -> std::int16_t& { return m.boardClock[clockQDA73]; }},
+    {"CLOCK-QDA52", "cmbClockDEF52", 0, clockList, [](Machine& m) -> std::int16_t& { return m.boardClock[clockQDA52]; }},
+    {"CASCADE-QDA41", "chkCascade", 1, {}, [](Machine& m) -> std::int16_t& { return m.cascadeDefault; }},
+    {"IOS-QDA52", "cmbIOS", 5, iosList, [](Machine& m) -> std::int16_t& { return m.ios52; }},
+    {"MODE-QDA52", "cmbMode", 0, modeList, [](Machine& m) -> std::int16_t& { return m.mode52; }},
+    {"OPENWINDOW1", "chkDef2", 1, {}, [](Machine& m) -> std::int16_t& { return m.openWindowDefault[1]; }},
+    {"OPENWINDOW2", "chkDef3", 1, {}, [](Machine& m) -> std::int16_t& { return m.openWindowDefault[2]; }},
+    {"OPENWINDOW3", "chkDef4", 1, {}, [](Machine& m) -> std::int16_t& { return m.openWindowDefault[3]; }},
+    {"OPENWINDOW4", "chkDef5", 0, {}, [](Machine& m) -> std::int16_t& { return m.openWindowDefault[4]; }},
+    {"OPENWINDOW5", "chkDef6", 0, {}, [](Machine& m) -> std::int16_t& { return m.openWindowDefault[5]; }},
 }};
 
-// Clears the board state and takes all settings from the file VRB_TS2.INI in `folder`, whose path iniPath keeps.
-void readSettings(Machine& machine, const std::filesystem::path& folder);
+// Where the settings file lies: beside the program while files can be made there, else (an installed program) in the user's
+// configuration folder. Until a first save the latter has no file; what lies beside the program is then read.
+class SettingsPlace {
+public:
+    // One folder for all.
+    SettingsPlace(const std::filesystem::path& folder) : SettingsPlace(folder, folder) {}
+    SettingsPlace(const std::filesystem::path& programFolder, const std::filesystem::path& userFolder);
+
+    const std::filesystem::path& saved() const { return saved_; }
+    // The file to be read now.
+    std::filesystem::path toRead() const;
+
+private:
+    std::filesystem::path shipped_;
+    std::filesystem::path saved_;
+};
+
+// Clears the board state and takes all settings from the file, whose path iniPath keeps: the one that a save would write.
+void readSettings(Machine& machine, const SettingsPlace& place);
 
 // Takes all settings from a profile that has been read.
 void takeSettings(Machine& machine, const ProfileFile& profile);
 
 // The maker's values into the variables; the file stays as it is.
 void Mdef_Set(Machine& machine);
+
+// --- the dialog's operations ---------------------------------------------------------------------------------------------
+
+// What the dialog's controls show, in the order of `settings`: 1 or 0, or a list index. 0 for a setting without a control.
+using DialogValues = std::array<std::int16_t, settings.size()>;
+
+DialogValues loadDialog(const ProfileFile& profile);
+DialogValues setDialogMaker();
+
+// The values into the variables of the machine. boardSA then holds list indices again, so a restart of the machine has to
+// follow, which sets the bench up from them. The counter mode becomes 0, whatever the values say.
+void applyDialog(Machine& machine, const DialogValues& values);
+
+// The values into the file; everything else in it stays. The error names the file and why it is as it was.
+std::optional<FileError> saveDialog(const SettingsPlace& place, const DialogValues& values, const SaveFault& fault = {});
+
+// What the learner is told of a save that failed.
+Warning saveWarning(const FileError& error);

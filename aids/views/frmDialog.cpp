@@ -22,7 +22,8 @@ constexpr int signSize = 28;
 }  // namespace
 
 frmDialog::frmDialog(QWidget* owner)
-    : QDialog(owner, Qt::Dialog | Qt::FramelessWindowHint),
+    // In front of the topmost windows too: behind one, the program would seem dead.
+    : QDialog(owner, Qt::Dialog | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint),
       lblDialogTitle_(new QLabel(this)),
       lblMessage_(new QLabel(this)),
       sign_(new QLabel(this)) {

@@ -320,7 +320,7 @@ std::vector<BenchComboRow> makeComboRows() {
                     {0},
                     126,
                     14,
-                    listOf(counterModes),
+                    listOf(modeItems),
                     [](const Machine& m) { return m.cmbMode.listIndex; },
                     [](frmHard& bench, int /*item*/) { bench.changed(cmbMode_LostFocus(bench.machine())); },
                     false});

@@ -1,0 +1,92 @@
+// The dialog of the settings: shows the file's numbers by name, saves them, hands them over to be applied at once, or puts the
+// maker's values in. It works on values of its own: neither the machine nor the file changes before the learner asks for it.
+//
+//   ┌ windows ──┐ ┌ QDA60 ────┐ ┌ Board No1 ┐
+//   │           │ ├ Board No2 ┤ ├ Board No4 ┤
+//   ├ bench ────┤ │           │ │           │
+//   └───────────┘ └───────────┘ └───────────┘
+//   [apply] (restarts)        [maker's values]
+//   [save]  (at next start)            [close]
+//
+// Not modal: the scan goes on behind it. Every control stands under the name that the table of settings gives it.
+
+#pragma once
+
+#include "config/settings.h"
+#include "core/answer.h"
+#include "platform/twips.h"
+
+#include <QDialog>
+#include <QPoint>
+
+#include <array>
+
+class QAbstractButton;
+class QComboBox;
+class QGridLayout;
+class QGroupBox;
+class QPushButton;
+
+class frmDefault : public QDialog {
+    Q_OBJECT
+
+public:
+    // Reads the file: a dialog that was unloaded and made anew shows what is saved.
+    frmDefault(SettingsPlace place, QWidget* owner);
+
+    // Its place, counted from the main window's top left corner.
+    static constexpr QPoint placeInMain{twips(4700), twips(4000)};
+    // Shows the dialog with its controls as they were left, at a place on the screen.
+    void openAt(QPoint place);
+
+    // What the controls show.
+    DialogValues values() const;
+
+    enum Action : std::size_t { actionClose, actionApply, actionSave, actionMaker };
+    QPushButton& cmdAction(Action action) { return *cmdAction_[action]; }
+
+signals:
+    // Apply at once. The dialog has hidden itself; it may be used on, or destroyed, after this call.
+    void applied(const DialogValues& values);
+    // The dialog is no longer to be seen, whichever way it went.
+    void hidden();
+    // The close box: after `hidden`, the dialog is to be forgotten and made anew at its next use.
+    void unloaded();
+    // A save failed; the dialog stays open.
+    void answered(const Answer& answer);
+
+public slots:
+    // Escape is the close box.
+    void reject() override;
+
+protected:
+    bool event(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    QGroupBox* makeFrame(const QString& name, const QString& caption, QWidget* parent);
+    QAbstractButton* makeCheck(const char* name, const char* caption, QWidget* parent);
+    QComboBox* makeList(const char* name, const char* caption, QGridLayout* grid, int row);
+    QWidget* makeWindows();
+    QWidget* makeBench();
+    QWidget* makeCenter();
+    QWidget* makeBoardNo1();
+    QWidget* makeBoardNo2();
+    QWidget* makeBoardNo4();
+    QWidget* makeButtons();
+    void bindControls();
+    void showValues(const DialogValues& values);
+    void cmdAction_Click(Action action);
+
+    SettingsPlace place_;
+    std::array<QPushButton*, 4> cmdAction_{};
+    QAbstractButton* optHF0_ = nullptr;
+    // By row of the settings: one of the two, or none for a setting that is not shown.
+    struct Control {
+        QAbstractButton* button = nullptr;
+        QComboBox* list = nullptr;
+    };
+    std::array<Control, settings.size()> controls_{};
+};
