@@ -40,7 +40,9 @@ constexpr ItemList listOf() {
 inline constexpr ItemList cpuTypeList = listOf<cpuTypeNames>();
 inline constexpr ItemList addressList{stationAddresses, addressItem};
 inline constexpr ItemList clockList = listOf<clockItems>();
-inline constexpr ItemList rateList = listOf<rateItems>();
+// The dialog lines the rates up by a blank that the bench has no room for.
+inline constexpr std::array<std::string_view, 4> alignedRateItems{" 12Mbps", "  6Mbps", "  3Mbps", "1.5Mbps"};
+inline constexpr ItemList rateList = listOf<alignedRateItems>();
 inline constexpr ItemList iosList{static_cast<int>(iosModes.size()),
                                   [](int index) { return std::string(iosModes[static_cast<std::size_t>(index)].caption); }};
 inline constexpr ItemList modeList = listOf<modeItems>();

@@ -90,6 +90,11 @@ void frmDialog::showFirst() {
     cmdAction_[0]->setFocus();
 }
 
+void frmDialog::dismiss() {
+    waiting_.clear();
+    hide();
+}
+
 void frmDialog::answer(Result result) {
     if (waiting_.empty()) {
         return;

@@ -23,6 +23,9 @@ public:
 
     explicit frmDialog(QWidget* owner);
 
+    // Takes down what is up and forgets what waits, unanswered.
+    void dismiss();
+
     void warningDialog(const Warning& warning, Continuation next = {});
 
 signals:

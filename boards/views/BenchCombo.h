@@ -16,6 +16,8 @@ public:
     bool isOpen() const { return open_; }
     // Hides the box; a box that has the focus commits.
     void close();
+    // Hides the box; nothing is taken over.
+    void cancel() { end(false); }
 
 signals:
     void committed(int listIndex);

@@ -524,6 +524,14 @@ void frmHard::rescale() {
     fit();
 }
 
+void frmHard::retire() {
+    retired_ = true;
+    timMotor_.setEnabled(false);
+    for (const OpenCombo& combo : combos_) {
+        combo.box->cancel();
+    }
+}
+
 void frmHard::drawPortLabels() {
     for (QGraphicsItem* label : portLabels_) {
         label->show();
@@ -564,7 +572,7 @@ void frmHard::onGesture(BenchPart* part, Gesture gesture) {
         case Gesture::down: handler = row->down; break;
         case Gesture::up: handler = row->up; break;
     }
-    if (handler != nullptr) {
+    if (handler != nullptr && !retired_) {
         handler(*this, *part);
     }
 }

@@ -32,6 +32,9 @@ public:
     // Width by what there is to show; the height stays, as far as the area has room.
     void setFormWidth();
 
+    // The machine starts anew without this window: open boxes take nothing over, and no gesture counts any more.
+    void retire();
+
     Machine& machine() { return machine_; }
     BenchView& view() { return *view_; }
     // A part by name and index of its control; nullptr when there is none.
@@ -102,6 +105,7 @@ private:
     std::vector<BenchLabel*> labels_;
     std::array<QGraphicsItem*, 2> portLabels_{};
     std::vector<OpenCombo> combos_;
+    bool retired_ = false;
     int width_ = 0;  // in twips, at zoom 1
     Timer timMotor_;
 };

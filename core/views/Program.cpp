@@ -10,7 +10,8 @@
 #include "boards/network.h"
 #include "boards/portPins.h"
 #include "boards/views/frmHard.h"
-#include "config/settings.h"
+#include "config/restart.h"
+#include "config/views/frmDefault.h"
 #include "core/views/frmMDI.h"
 #include "memwin/views/MemoryWindows.h"
 #include "platform/screen.h"
@@ -42,7 +43,8 @@ std::uint64_t dateNumber() {
 
 }  // namespace
 
-Program::Program(std::filesystem::path folder) : folder_(std::move(folder)) {}
+Program::Program(const std::filesystem::path& folder, const std::filesystem::path& userFolder)
+    : folder_(folder), settingsPlace_(folder, userFolder.empty() ? folder : userFolder) {}
 
 Program::~Program() = default;
 
@@ -66,7 +68,7 @@ void Program::runNextStep() {
 
 void Program::addStartSteps() {
     steps_.emplace_back([this] {
-        readSettings(machine_, folder_);
+        readSettings(machine_, settingsPlace_);
         openSound();
         frmVersion_ = std::make_unique<frmVersion>(machine_);
         connect(frmVersion_.get(), &frmVersion::closed, this, [this] { frmVersion_.release()->deleteLater(); });
@@ -181,6 +183,19 @@ void Program::loadHard() {
     frmHard_->show();
 }
 
+void Program::unloadHard() {
+    // It may be the gesture of one of its own parts that led here.
+    if (frmHard_ != nullptr) {
+        frmHard_->retire();
+        frmHard_->disconnect(this);
+        frmHard_->hide();
+        frmMDI_->area().removeSubWindow(frmHard_);
+        frmHard_->setParent(nullptr);
+        frmHard_->deleteLater();
+        frmHard_ = nullptr;
+    }
+}
+
 // The question comes first; the change, and the warning after it, follow the answer.
 void Program::answerDuplex(const Answer& question) {
     const auto* asked = std::get_if<Warning>(&question);
@@ -246,12 +261,45 @@ void Program::openSound() {
     machine_.soundAvailable = sound_.open(QString::fromStdU16String((folder_ / "BEEP.WAV").u16string()));
 }
 
+// --- restart ---------------------------------------------------------------------------------------------------------------
+
+void Program::restartMachine() {
+    beginRestart(machine_);
+    // What is open belongs to the machine that goes.
+    frmDialog_->dismiss();
+    frmEditRegister_->hide();
+    frmMessage_->hide();
+    if (frmOsiro_ != nullptr) {
+        frmOsiro_->hide();
+    }
+    unloadHard();
+    if (frmRegister_ != nullptr) {
+        unloadRegisterWindow();
+    }
+    memoryWindows_->unload();
+    if (frmDefault_ != nullptr) {
+        frmDefault_->hide();
+    }
+    resetMachine(machine_, dateNumber());
+    loadHard();
+    positionWindows();
+    loadRegister();
+    for (const Area area : {Area::controlDoDi, Area::c1ToC7, Area::drc}) {
+        memoryWindows_->load(area);
+    }
+    openMemoryWindows();
+    openSound();
+    frmMDI_->lblRunMode_Click(modeRun);
+    endRestart(machine_);
+    refreshAll();
+}
+
 // --- end -----------------------------------------------------------------------------------------------------------------
 
 void Program::quitProgram() {
     steps_.clear();
-    delete frmHard_;
-    frmHard_ = nullptr;
+    frmDefault_.reset();
+    unloadHard();
     frmOsiro_.reset();
     memoryWindows_.reset();
     frmDialog_.reset();
@@ -273,9 +321,9 @@ void Program::activateTool(Tool tool) {
         case Tool::memoryWindow:
             memoryWindows_->toggleChooser(frmMDI_->label(tool).mapTo(frmMDI_.get(), QPoint()).x() - chooserBesideLabel);
             break;
+        case Tool::defaultSet: openSettings(); break;
         case Tool::registerHint:
-        case Tool::navigator:
-        case Tool::defaultSet: break;  // these windows are still to be built
+        case Tool::navigator: break;  // these windows are still to be built
     }
 }
 
@@ -304,6 +352,26 @@ void Program::openRegisterWindow() {
 void Program::unloadRegisterWindow() {
     frmRegister_.release()->deleteLater();
     frmMDI_->label(Tool::registerWindow).setWindowOpen(false);
+}
+
+void Program::openSettings() {
+    if (frmDefault_ != nullptr && frmDefault_->isVisible()) {
+        QApplication::beep();
+        return;
+    }
+    memoryWindows_->hideChooser();
+    if (frmDefault_ == nullptr) {
+        frmDefault_ = std::make_unique<frmDefault>(settingsPlace_, frmMDI_.get());
+        connect(frmDefault_.get(), &frmDefault::applied, this, [this](const DialogValues& values) {
+            applyDialog(machine_, values);
+            restartMachine();
+        });
+        connect(frmDefault_.get(), &frmDefault::hidden, this, [this] { frmMDI_->label(Tool::defaultSet).setWindowOpen(false); });
+        connect(frmDefault_.get(), &frmDefault::unloaded, this, [this] { frmDefault_.release()->deleteLater(); });
+        connect(frmDefault_.get(), &frmDefault::answered, this, [this](const Answer& answer) { say(*frmDefault_, answer); });
+    }
+    frmDefault_->openAt(fromMain(frmDefault::placeInMain));
+    frmMDI_->label(Tool::defaultSet).setWindowOpen(true);
 }
 
 void Program::openVersion() {

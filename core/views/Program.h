@@ -7,6 +7,7 @@
 #pragma once
 
 #include "access/registers.h"
+#include "config/settings.h"
 #include "core/answer.h"
 #include "core/mduMain.h"
 #include "platform/Sound.h"
@@ -20,6 +21,7 @@
 #include <memory>
 
 class MemoryWindows;
+class frmDefault;
 class frmDialog;
 class frmEditRegister;
 class frmHard;
@@ -34,8 +36,8 @@ class Program : public QObject {
     Q_OBJECT
 
 public:
-    // `folder` holds the settings file and the sound.
-    explicit Program(std::filesystem::path folder);
+    // `folder` holds the program's files. The settings lie there too, or in `userFolder` where the program's can't be written.
+    explicit Program(const std::filesystem::path& folder, const std::filesystem::path& userFolder = {});
     ~Program() override;
 
     // Starts the program: a list of steps, one per turn of the event loop. `started` comes after the last one.
@@ -48,6 +50,8 @@ public:
     // Register and memory windows, from the machine.
     void refreshAll();
     void openRegisterWrite(const QString& name, int row, int top, Half half);
+    // The machine starts anew from the settings in its variables, which applyDialog or Mdef_Set have just put there.
+    void restartMachine();
     // Says what a rule answered: a popup at the form, or a warning.
     void say(const QWidget& form, const Answer& answer);
 
@@ -58,6 +62,7 @@ public:
     frmOsiro* timingChartWindow() { return frmOsiro_.get(); }
     frmRegister* registerWindow() { return frmRegister_.get(); }
     frmEditRegister* registerDialog() { return frmEditRegister_.get(); }
+    frmDefault* settingsDialog() { return frmDefault_.get(); }
     frmMessage* message() { return frmMessage_.get(); }
     frmDialog* dialog() { return frmDialog_.get(); }
     MemoryWindows* memoryWindows() { return memoryWindows_.get(); }
@@ -88,6 +93,8 @@ private:
     void showRegisterWindow();
     void unloadRegisterWindow();
     void openVersion();
+    void openSettings();
+    void unloadHard();
     void openTimingChart(int group, QPoint offset);
     void answerDuplex(const Answer& question);
     void popup(const QString& text, QPoint point);
@@ -95,6 +102,7 @@ private:
     QPoint fromMain(QPoint place) const;
 
     std::filesystem::path folder_;
+    SettingsPlace settingsPlace_;
     Machine machine_;
     Sound sound_;
     std::deque<std::function<void()>> steps_;
@@ -103,6 +111,7 @@ private:
     std::unique_ptr<frmMDI> frmMDI_;
     std::unique_ptr<frmVersion> frmVersion_;
     frmHard* frmHard_ = nullptr;  // a child of the main window's area
+    std::unique_ptr<frmDefault> frmDefault_;
     std::unique_ptr<frmOsiro> frmOsiro_;
     std::unique_ptr<frmRegister> frmRegister_;
     std::unique_ptr<frmEditRegister> frmEditRegister_;

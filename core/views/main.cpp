@@ -2,6 +2,7 @@
 #include "platform/look.h"
 
 #include <QApplication>
+#include <QStandardPaths>
 #include <QTimer>
 
 int main(int argc, char** argv) {
@@ -10,7 +11,9 @@ int main(int argc, char** argv) {
     QApplication::setQuitOnLastWindowClosed(false);  // only the exit question ends the program
     look::applyTo(application);
 
-    Program program(std::filesystem::path(QApplication::applicationDirPath().toStdU16String()));
+    const auto pathOf = [](const QString& folder) { return std::filesystem::path(folder.toStdU16String()); };
+    Program program(pathOf(QApplication::applicationDirPath()),
+                    pathOf(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation)));
     // The learner has been asked: nothing asks the windows again.
     QObject::connect(
         &program, &Program::finished, &application, [] { QApplication::exit(); }, Qt::QueuedConnection);

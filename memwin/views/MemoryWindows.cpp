@@ -51,13 +51,7 @@ MemoryWindows::MemoryWindows(Machine& machine, QMdiArea& area, QWidget& owner)
 }
 
 MemoryWindows::~MemoryWindows() {
-    for (const auto& window : windows_) {
-        if (window != nullptr && frameOf(window->area()) != nullptr) {
-            QMdiSubWindow* frame = frameOf(window->area());
-            frame->setWidget(nullptr);
-            delete frame;
-        }
-    }
+    unload();
 }
 
 // --- windows -----------------------------------------------------------------------------------------------------------
@@ -96,6 +90,21 @@ void MemoryWindows::putIntoArea(frmDump& window, QPoint place) {
     const QSize room = area_.size() - frame->sizeHint();
     frame->move(std::max(0, std::min(place.x(), room.width())), std::max(0, place.y()));
     frame->hide();
+}
+
+void MemoryWindows::unload() {
+    frmEditMemory_->hide();
+    frmDumpSel_->hide();
+    for (auto& window : windows_) {
+        if (window == nullptr) {
+            continue;
+        }
+        if (QMdiSubWindow* frame = frameOf(window->area())) {
+            frame->setWidget(nullptr);
+            delete frame;
+        }
+        window.reset();
+    }
 }
 
 void MemoryWindows::openArea(Area area) {

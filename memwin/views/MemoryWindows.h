@@ -32,6 +32,8 @@ public:
 
     // Loads a dump window, hidden.
     void load(Area area);
+    // Forgets the dump windows and hides what belongs to them; the read dialog stays.
+    void unload();
     // Brings a dump window up, or to the front.
     void openArea(Area area);
     // All visible dump windows, from the machine.

@@ -17,8 +17,8 @@ namespace {
 
 class Bench : public StartedProgram {
 protected:
-    void startBench(const std::string& settings = makersFile) {
-        start(settings);
+    void startBench(const std::string& file = makersFile) {
+        start(file);
         fire();  // the scan of stations 1 to 4 runs
         // Nothing lies over the bench: clicks are to reach it.
         registers().hide();

@@ -28,9 +28,9 @@ inline const std::string makersFile =
 class StartedProgram : public testing::Test {
 protected:
     // Starts on a settings file with this text; on none for an empty text.
-    void start(const std::string& settings = makersFile) {
-        if (!settings.empty()) {
-            std::ofstream(folder.filePath("VRB_TS2.INI").toStdString(), std::ios::binary) << settings;
+    void start(const std::string& file = makersFile) {
+        if (!file.empty()) {
+            std::ofstream(folder.filePath("VRB_TS2.INI").toStdString(), std::ios::binary) << file;
         }
         program = std::make_unique<Program>(folder.path().toStdString());
         bool up = false;
