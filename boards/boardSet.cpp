@@ -68,6 +68,7 @@ void setUpBench(Machine& machine) {
     machine.picMON_LED73 = untouched.picMON_LED73;
     machine.picMON_LED52 = untouched.picMON_LED52;
     machine.picSE = untouched.picSE;
+    machine.picSerialInt = untouched.picSerialInt;
     machine.picInt = untouched.picInt;
     machine.picBOARD1_RXD = untouched.picBOARD1_RXD;
     machine.picBOARD2_RXD = untouched.picBOARD2_RXD;

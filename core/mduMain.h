@@ -187,6 +187,7 @@ struct Machine {
     Led picMON_LED73;
     Led picMON_LED52;
     std::array<Led, 4> picSE;                   // by slot-1: serial data waits
+    std::array<Card, 2> picSerialInt;           // by slot-1: a serial word is being shifted in
     Card picInt;                                // the interrupt indicator, hidden until a request shows it
     std::array<Connector, 2> picBOARD1_RXD;     // the two connectors of the center: cable 0 is plugged here
     std::array<Connector, 6> picBOARD2_RXD;     // 0, 1 and 3: link 1, 2, 3 is whole

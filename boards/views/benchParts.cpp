@@ -153,6 +153,9 @@ constexpr Family picSDI{"picSDI", STILL("picSDI", 1), Pointer::doubleClick,
                         "シリアルデータを入力する回路です。ダブルクリックでデータの入力が可能です。"};
 constexpr Family picSE{"picSE", [](const Machine& m, std::size_t i) { return ledGreen(m.picSE[i]); }, Pointer::arrow,
                        "SE端子接続 LED(緑)", darkLit};
+constexpr Family picSerialInt{"picSerialInt", [](const Machine& m, std::size_t i) {
+                                  return Look{"picSerialInt", 1, m.picSerialInt[i].visible};
+                              }};
 constexpr Family picFConn{"picFConn", STILL("picFConn", 1), Pointer::doubleClick, "スレーブ基盤接続コネクタ"};
 constexpr Family picBridge{"picBridge",
                            [](const Machine& m, std::size_t) {
@@ -334,6 +337,7 @@ private:
     }
 
     void serial(std::size_t card, std::size_t index, QPointF left) {
+        put(picSerialInt, index, card, left);
         put(picSDI, index, card, left + QPointF(25, 0));
         put(picSE, index, card, left + QPointF(126, 1));
     }

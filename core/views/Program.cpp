@@ -9,6 +9,8 @@
 #include "boards/boardSet.h"
 #include "boards/network.h"
 #include "boards/portPins.h"
+#include "boards/serialInput.h"
+#include "boards/views/frmEditSerial.h"
 #include "boards/views/frmHard.h"
 #include "config/restart.h"
 #include "config/views/frmDefault.h"
@@ -27,6 +29,10 @@ namespace {
 constexpr QPoint registerPlace{twips(6600), twips(1100)};
 constexpr int chooserBesideLabel = twips(900);
 constexpr std::uint8_t firstScanLastAddress = 4;
+
+// The serial dialog, from the corner of the hardware window; that of the cascade card stands farther right.
+constexpr QPoint serialPlace{twips(7500), twips(5900)};
+constexpr QPoint serialPlaceOfCascade{twips(5100), 0};
 
 // Where the write dialog stands beside the register window, and when it moves up.
 constexpr int dialogBelow = twips(700);
@@ -134,6 +140,15 @@ void Program::loadDialogs() {
     frmDialog_ = std::make_unique<frmDialog>(frmMDI_.get());
     connect(frmDialog_.get(), &frmDialog::appeared, this, &Program::playBeep);
     frmEditRegister_ = std::make_unique<frmEditRegister>(machine_, frmMDI_.get());
+    frmEditSerial_ = std::make_unique<frmEditSerial>(frmMDI_.get());
+    connect(frmEditSerial_.get(), &frmEditSerial::started, this, [this](int index) {
+        beginShift(machine_, static_cast<std::size_t>(index));
+        refreshAll();
+    });
+    connect(frmEditSerial_.get(), &frmEditSerial::closed, this, [this](int index, const QString& sentText) {
+        endShift(machine_, static_cast<std::size_t>(index), sentText.toStdString());
+        refreshAll();
+    });
     connect(frmEditRegister_.get(), &frmEditRegister::written, this, &Program::refreshAll);
     connect(frmEditRegister_.get(), &frmEditRegister::answered, this,
             [this](const Answer& answer) { say(*frmEditRegister_, answer); });
@@ -178,9 +193,20 @@ void Program::loadHard() {
         }
     });
     connect(frmHard_, &frmHard::duplexQuestion, this, &Program::answerDuplex);
+    connect(frmHard_, &frmHard::serialWanted, this, &Program::enterSerialData);
     connect(frmHard_, &frmHard::chartWanted, this, &Program::openTimingChart);
     connect(frmHard_, &frmHard::busTypeChanged, memoryWindows_.get(), &MemoryWindows::busTypeChanged);
     frmHard_->show();
+}
+
+void Program::enterSerialData(int index) {
+    const Answer refusal = picSDI_DblClick(machine_, static_cast<std::size_t>(index));
+    if (const auto* refused = std::get_if<Popup>(&refusal)) {
+        popupAtPointer(QString::fromStdString(refused->text));
+        return;
+    }
+    frmMessage_->hide();
+    frmEditSerial_->openFor(index, frmHard_->mapToGlobal(QPoint()) + serialPlace + serialPlaceOfCascade * index);
 }
 
 void Program::unloadHard() {
@@ -268,6 +294,7 @@ void Program::restartMachine() {
     // What is open belongs to the machine that goes.
     frmDialog_->dismiss();
     frmEditRegister_->hide();
+    frmEditSerial_->reject();
     frmMessage_->hide();
     if (frmOsiro_ != nullptr) {
         frmOsiro_->hide();
@@ -305,6 +332,7 @@ void Program::quitProgram() {
     frmDialog_.reset();
     frmMessage_.reset();
     frmEditRegister_.reset();
+    frmEditSerial_.reset();
     frmRegister_.reset();
     frmVersion_.reset();
     frmMDI_->hide();

@@ -24,6 +24,7 @@ class MemoryWindows;
 class frmDefault;
 class frmDialog;
 class frmEditRegister;
+class frmEditSerial;
 class frmHard;
 class frmMDI;
 class frmMessage;
@@ -63,6 +64,7 @@ public:
     frmRegister* registerWindow() { return frmRegister_.get(); }
     frmEditRegister* registerDialog() { return frmEditRegister_.get(); }
     frmDefault* settingsDialog() { return frmDefault_.get(); }
+    frmEditSerial* serialDialog() { return frmEditSerial_.get(); }
     frmMessage* message() { return frmMessage_.get(); }
     frmDialog* dialog() { return frmDialog_.get(); }
     MemoryWindows* memoryWindows() { return memoryWindows_.get(); }
@@ -95,6 +97,7 @@ private:
     void openVersion();
     void openSettings();
     void unloadHard();
+    void enterSerialData(int index);
     void openTimingChart(int group, QPoint offset);
     void answerDuplex(const Answer& question);
     void popup(const QString& text, QPoint point);
@@ -111,6 +114,7 @@ private:
     std::unique_ptr<frmMDI> frmMDI_;
     std::unique_ptr<frmVersion> frmVersion_;
     frmHard* frmHard_ = nullptr;  // a child of the main window's area
+    std::unique_ptr<frmEditSerial> frmEditSerial_;
     std::unique_ptr<frmDefault> frmDefault_;
     std::unique_ptr<frmOsiro> frmOsiro_;
     std::unique_ptr<frmRegister> frmRegister_;

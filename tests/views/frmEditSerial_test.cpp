@@ -1,0 +1,105 @@
+#include "boards/views/frmEditSerial.h"
+
+#include "boards/views/BenchView.h"
+#include "boards/views/frmHard.h"
+#include "tests/views/startedProgram.h"
+
+#include <QPushButton>
+
+namespace {
+
+class SerialDialog : public StartedProgram {
+protected:
+    frmEditSerial& serial() { return *program->serialDialog(); }
+    QPushButton& button(frmEditSerial::Action action) { return serial().cmdAction(action); }
+    void openFor(std::size_t index) {
+        const QPoint place =
+            program->hardware()->view().mapFromScene(program->hardware()->part("picSDI", index)->sceneBoundingRect().center());
+        QTest::mouseDClick(program->hardware()->view().viewport(), Qt::LeftButton, {}, place);
+    }
+    // Fires until the word is out; gives up after far more than it takes.
+    int shiftOut() {
+        int firings = 0;
+        while (serial().isVisible() && firings < 100) {
+            serial().timEnter().fire();
+            ++firings;
+        }
+        return firings;
+    }
+    bool partVisible(const char* name, std::size_t index) { return program->hardware()->part(name, index)->isVisible(); }
+};
+
+TEST_F(SerialDialog, a_word_is_set_started_and_goes_out) {
+    start();
+    fire();
+    openFor(1);
+    ASSERT_TRUE(serial().isVisible());
+    EXPECT_EQ(serial().findChild<QLabel*>("lblAdr")->text(), "2");
+    EXPECT_EQ(serial().txtWriteData().text(), "0000");
+    EXPECT_TRUE(button(frmEditSerial::actionSet).isEnabled() && button(frmEditSerial::actionSet).isDefault());
+    EXPECT_FALSE(button(frmEditSerial::actionStart).isEnabled());
+    QTest::keyClicks(&serial().txtWriteData(), "5A3C");
+    const QImage before = serial().picDREQ_Data().grab().toImage();
+    button(frmEditSerial::actionSet).click();
+    EXPECT_NE(serial().picDREQ_Data().grab().toImage(), before);
+    EXPECT_TRUE(button(frmEditSerial::actionStart).isEnabled() && button(frmEditSerial::actionStart).isDefault());
+    EXPECT_EQ(serial().picDREQ_Data().x(), 8);
+    QTest::keyClick(&serial().txtWriteData(), Qt::Key_Home);
+    QTest::keyClicks(&serial().txtWriteData(), "1234");  // under the waveform of the word before
+    button(frmEditSerial::actionStart).click();
+    EXPECT_EQ(serial().timEnter().interval(), 100);
+    EXPECT_TRUE(partVisible("picSerialInt", 1));
+    for (const auto action : {frmEditSerial::actionSet, frmEditSerial::actionStart, frmEditSerial::actionCancel}) {
+        EXPECT_FALSE(button(action).isEnabled());
+    }
+    EXPECT_EQ(shiftOut(), 32) << "three seconds and a little";
+    EXPECT_FALSE(serial().timEnter().running());
+    EXPECT_FALSE(partVisible("picSerialInt", 1));
+    EXPECT_EQ(program->hardware()->part("picSE", 1)->shown().number, 2);
+    EXPECT_EQ(machine().serialData[2], 0x34);
+    EXPECT_EQ(machine().serialData[3], 0x12);
+    openFor(1);
+    EXPECT_FALSE(serial().isVisible());
+    EXPECT_EQ(popupText(), "SEがローレベル(LED点灯)中は入力できません。");
+}
+
+TEST_F(SerialDialog, cancel_escape_close_box_and_a_restart_send_nothing) {
+    start();
+    fire();
+    for (int way = 0; way < 5; ++way) {
+        SCOPED_TRACE(way);
+        openFor(0);
+        ASSERT_TRUE(serial().isVisible());
+        EXPECT_EQ(serial().picDREQ_Data().x(), 8);
+        if (way != 0) {
+            button(frmEditSerial::actionSet).click();
+            button(frmEditSerial::actionStart).click();
+            serial().timEnter().fire();
+            EXPECT_TRUE(partVisible("picSerialInt", 0));
+        }
+        switch (way) {
+            case 0: button(frmEditSerial::actionCancel).click(); break;
+            case 1: QTest::keyClick(&serial(), Qt::Key_Escape); break;
+            case 2: serial().close(); break;
+            case 3:
+                Mdef_Set(machine());
+                program->restartMachine();
+                main().timTick().setEnabled(false);
+                QApplication::processEvents();
+                break;
+            default:
+                // Meanwhile the other slot's word is collected.
+                machine().serialReady[1] = true;
+                machine().chipMemory[2 * 3] = 7;
+                fire();
+                EXPECT_FALSE(machine().serialReady[1]);
+                serial().close();
+        }
+        EXPECT_FALSE(serial().isVisible());
+        EXPECT_FALSE(serial().timEnter().running());
+        EXPECT_FALSE(partVisible("picSerialInt", 0));
+        EXPECT_FALSE(machine().serialReady[0]);
+    }
+}
+
+}  // namespace
