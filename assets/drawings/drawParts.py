@@ -581,7 +581,7 @@ def serialBoard():
         s += path('M67 %sH83.4' % n(y), 'none', '#1d2a30', 1.6) + path('M72 %sL66.8 %sL72 %s' % (n(y - 3.4), n(y), n(y + 3.4)), '#1d2a30', '#1d2a30', .6, 1, 'round', 'round')
     s += ''.join(rect(54, y - 1.2, 6, 2.4, .3, g('tin'), '#8d969b', .35) for y in LINES)
     s += package(10, 40, 46, 80)
-    return s + text(33, 78, 'QDA41', 10.5) + text(33, 90, 'SERIAL', 8, '#b4bcc0', False) + text(33, 22, 'SLAVE', 9, '#f3f7f1')
+    return s + text(33, 78, 'QDA41', 10.5) + text(33, 90, 'VBN', 8, '#b4bcc0', False) + text(33, 18, 'SERIAL', 9, '#f3f7f1') + text(33, 29, 'INPUT', 9, '#f3f7f1')
 
 
 def serialGenerator():
@@ -591,7 +591,7 @@ def serialGenerator():
         s += path('M.6 %sH18' % n(y), 'none', '#1d2a30', 1.6)
     s += ''.join(rect(14, y - 1.2, 6, 2.4, .3, g('tin'), '#8d969b', .35) + rect(76, y - 1.2, 6, 2.4, .3, g('tin'), '#8d969b', .35) for y in LINES)
     s += package(18, 40, 58, 84, 2.2)
-    s += text(47, 78, 'SHIFT', 11) + text(47, 91, '16bit', 8.5, '#b4bcc0', False)
+    s += text(47, 71, 'SHIFT', 11) + text(47, 101, '16bit', 8.5, '#b4bcc0', False)
     for y, name in zip(LINES, ('Q', 'CK', 'LD')):
         s += text(26, y + 3, name, 8, '#b4bcc0', False, 'start')
     return s
