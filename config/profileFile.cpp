@@ -75,7 +75,8 @@ Span valueWithin(std::string_view bytes, Span right) {
         const bool comment = bytes[at] == ';' && blanks.find(bytes[at - 1]) != std::string_view::npos;
         const Span before = comment ? trimmed(bytes, {right.begin, at}) : value;
         if (comment && (!quote || quoted(text(before)))) {
-            value = before;
+            // No value at all keeps its blank before the comment.
+            value = before.begin < before.end ? before : Span{right.begin, right.begin};
             break;
         }
     }

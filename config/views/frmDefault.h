@@ -46,7 +46,7 @@ public:
     QPushButton& cmdAction(Action action) { return *cmdAction_[action]; }
 
 signals:
-    // Apply at once. The dialog has hidden itself; it may be used on, or destroyed, after this call.
+    // Apply at once. The dialog has hidden itself, and may go by deleteLater.
     void applied(const DialogValues& values);
     // The dialog is no longer to be seen, whichever way it went.
     void hidden();

@@ -33,6 +33,7 @@ TEST(ProfileFile, a_new_value_changes_the_bytes_of_the_old_one_and_no_other) {
              Row{"[INIT]\rKEY = \"7\" \rA=1\r", "[INIT]\rKEY = \"42\" \rA=1\r"},
              Row{"[INIT]\nKEY=7 ; seven\nA=';'\n", "[INIT]\nKEY=42 ; seven\nA=';'\n"},
              Row{"[INIT]\nKEY='7'\t; 'seven'\n", "[INIT]\nKEY='42'\t; 'seven'\n"},
+             Row{"[INIT]\nKEY= ; none\n", "[INIT]\nKEY=42 ; none\n"},
              Row{"[INIT]\nKEY=\" ;\"\n", "[INIT]\nKEY=\"42\"\n"},
              Row{codePage + "[INIT]\r\nKEY=7\r\n" + codePage, codePage + "[INIT]\r\nKEY=42\r\n" + codePage},
              // behind the last line of its section
