@@ -23,8 +23,6 @@
 
 class QAbstractButton;
 class QComboBox;
-class QGridLayout;
-class QGroupBox;
 class QPushButton;
 
 class frmDefault : public QDialog {
@@ -66,9 +64,6 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    QGroupBox* makeFrame(const QString& name, const QString& caption, QWidget* parent);
-    QAbstractButton* makeCheck(const char* name, const char* caption, QWidget* parent);
-    QComboBox* makeList(const char* name, const char* caption, QGridLayout* grid, int row);
     QWidget* makeWindows();
     QWidget* makeBench();
     QWidget* makeCenter();
