@@ -24,5 +24,7 @@ build_packages=(g++ cmake ninja-build ccache qt6-base-dev qt6-multimedia-dev lib
   fonts-dejavu-core fonts-dejavu-extra fonts-ipafont-gothic)
 # What the tests, benchmarks and checks need on top.
 test_packages=(libgtest-dev libbenchmark-dev clang-format clang-tidy)
+# What the fuzz targets need on top.
+fuzz_packages=(clang libclang-rt-dev)
 # What a look at the program without a display needs.
 screen_packages=(xvfb xauth openbox imagemagick)

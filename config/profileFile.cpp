@@ -68,20 +68,19 @@ bool quoted(std::string_view text) {
 
 // The value within what follows "=": without blanks, quotes and a comment behind it. Quotes hold a ";" together.
 Span valueWithin(std::string_view bytes, Span right) {
+    const auto text = [bytes](Span span) { return bytes.substr(span.begin, span.end - span.begin); };
     Span value = trimmed(bytes, right);
-    if (!quoted(bytes.substr(value.begin, value.end - value.begin))) {
-        for (std::size_t at = right.begin + 1; at < right.end; ++at) {
-            if (bytes[at] == ';' && blanks.find(bytes[at - 1]) != std::string_view::npos) {
-                value = trimmed(bytes, {right.begin, at});
-                break;
-            }
+    const bool quote = text(value).starts_with('"') || text(value).starts_with('\'');
+    for (std::size_t at = right.begin + 1; at < right.end; ++at) {
+        const bool comment = bytes[at] == ';' && blanks.find(bytes[at - 1]) != std::string_view::npos;
+        const Span before = comment ? trimmed(bytes, {right.begin, at}) : value;
+        if (comment && (!quote || quoted(text(before)))) {
+            // No value at all keeps its blank before the comment.
+            value = before.begin < before.end ? before : Span{right.begin, right.begin};
+            break;
         }
     }
-    if (quoted(bytes.substr(value.begin, value.end - value.begin))) {
-        ++value.begin;
-        --value.end;
-    }
-    return value;
+    return quoted(text(value)) ? Span{value.begin + 1, value.end - 1} : value;
 }
 
 std::size_t bodyBegin(std::string_view bytes) {
@@ -369,7 +368,7 @@ bool folderWritable(const fs::path& folder) {
         return false;
     }
 #ifdef VRB_POSIX
-    return access(folder.c_str(), W_OK | X_OK) == 0;
+    return faccessat(AT_FDCWD, folder.c_str(), W_OK | X_OK, AT_EACCESS) == 0;
 #else
     // Only trying it tells.
     const fs::path trial = folder / ("vrbts." + std::to_string(std::random_device{}()) + ".tmp");

@@ -57,6 +57,39 @@ QLabel* makeCaption(const char* caption, QWidget* parent) {
     return label;
 }
 
+QGroupBox* makeFrame(const QString& name, const QString& caption, QWidget* parent) {
+    auto* frame = new QGroupBox(caption, parent);
+    frame->setObjectName(name);
+    frame->setFont(look::textFont(textSize));
+    return frame;
+}
+
+QAbstractButton* makeCheck(const char* name, const char* caption, QWidget* parent) {
+    auto* check = new QCheckBox(caption, parent);
+    check->setObjectName(name);
+    check->setFont(look::textFont(textSize));
+    return check;
+}
+
+// A combo box with its label before it, as a row of a frame's grid.
+QComboBox* makeList(const char* name, const char* caption, QGridLayout* grid, int row) {
+    QWidget* frame = grid->parentWidget();
+    QLabel* label = makeCaption(caption, frame);
+    label->setObjectName(QString("lbl") + (name + 3));
+    auto* list = new QComboBox(frame);
+    list->setObjectName(name);
+    list->setFont(look::columnFont(textSize));
+    list->setMaxVisibleItems(listLength);
+    list->setMinimumWidth(shortListWidth);
+    list->setAccessibleName(static_cast<QGroupBox*>(frame)->title() + " " + caption);
+    grid->addWidget(label, row, 0);
+    grid->addWidget(list, row, 1, Qt::AlignLeft);
+    grid->setColumnStretch(1, 1);
+    grid->setColumnMinimumWidth(0, captionWidth);
+    grid->setVerticalSpacing(rowGap);
+    return list;
+}
+
 }  // namespace
 
 frmDefault::frmDefault(SettingsPlace place, QWidget* owner)
@@ -89,39 +122,6 @@ frmDefault::frmDefault(SettingsPlace place, QWidget* owner)
 }
 
 // --- the frames ------------------------------------------------------------------------------------------------------------
-
-QGroupBox* frmDefault::makeFrame(const QString& name, const QString& caption, QWidget* parent) {
-    auto* frame = new QGroupBox(caption, parent);
-    frame->setObjectName(name);
-    frame->setFont(look::textFont(textSize));
-    return frame;
-}
-
-QAbstractButton* frmDefault::makeCheck(const char* name, const char* caption, QWidget* parent) {
-    auto* check = new QCheckBox(caption, parent);
-    check->setObjectName(name);
-    check->setFont(look::textFont(textSize));
-    return check;
-}
-
-// A combo box with its label before it, as a row of a frame's grid.
-QComboBox* frmDefault::makeList(const char* name, const char* caption, QGridLayout* grid, int row) {
-    QWidget* frame = grid->parentWidget();
-    QLabel* label = makeCaption(caption, frame);
-    label->setObjectName(QString("lbl") + (name + 3));
-    auto* list = new QComboBox(frame);
-    list->setObjectName(name);
-    list->setFont(look::columnFont(textSize));
-    list->setMaxVisibleItems(listLength);
-    list->setMinimumWidth(shortListWidth);
-    list->setAccessibleName(static_cast<QGroupBox*>(frame)->title() + " " + caption);
-    grid->addWidget(label, row, 0);
-    grid->addWidget(list, row, 1, Qt::AlignLeft);
-    grid->setColumnStretch(1, 1);
-    grid->setColumnMinimumWidth(0, captionWidth);
-    grid->setVerticalSpacing(rowGap);
-    return list;
-}
 
 QWidget* frmDefault::makeWindows() {
     QGroupBox* frame = makeFrame("fraWindows", "立ち上げ時　開く窓", this);

@@ -23,8 +23,6 @@
 
 class QAbstractButton;
 class QComboBox;
-class QGridLayout;
-class QGroupBox;
 class QPushButton;
 
 class frmDefault : public QDialog {
@@ -46,7 +44,7 @@ public:
     QPushButton& cmdAction(Action action) { return *cmdAction_[action]; }
 
 signals:
-    // Apply at once. The dialog has hidden itself; it may be used on, or destroyed, after this call.
+    // Apply at once. The dialog has hidden itself, and may go by deleteLater.
     void applied(const DialogValues& values);
     // The dialog is no longer to be seen, whichever way it went.
     void hidden();
@@ -66,9 +64,6 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    QGroupBox* makeFrame(const QString& name, const QString& caption, QWidget* parent);
-    QAbstractButton* makeCheck(const char* name, const char* caption, QWidget* parent);
-    QComboBox* makeList(const char* name, const char* caption, QGridLayout* grid, int row);
     QWidget* makeWindows();
     QWidget* makeBench();
     QWidget* makeCenter();

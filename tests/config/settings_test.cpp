@@ -3,17 +3,17 @@
 #include "config/settings.h"
 
 #include "tests/bench.h"
+#include "tests/config/tempFolder.h"
 
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <filesystem>
-#include <fstream>
-#include <random>
+
+#ifdef __unix__
+#include <unistd.h>
+#endif
 
 namespace {
-
-namespace fs = std::filesystem;
 
 // All that the settings fill, in the order of the keys; TRANSFER stands for its five elements.
 using Values = std::array<int, 19>;
@@ -44,21 +44,11 @@ constexpr std::array<const char*, 19> keys{"CABLECONNECTION", "MEMORYCLEAR",   "
                                            "OPENWINDOW2",     "OPENWINDOW3",   "OPENWINDOW4", "OPENWINDOW5"};
 constexpr Values makersValues{1, 1, 0, 0, 1, 0, 3, 0, 0, 0, 0, 1, 5, 0, 1, 1, 1, 0, 0};
 
-class SettingsFile : public testing::Test {
+class SettingsFile : public TempFolder {
 protected:
-    SettingsFile() {
-        const std::string test = testing::UnitTest::GetInstance()->current_test_info()->name();
-        folder = fs::temp_directory_path() / ("vrbts-" + test + "-" + std::to_string(std::random_device{}()));
-        fs::create_directories(folder);
-    }
-    ~SettingsFile() override {
-        std::error_code error;
-        fs::remove_all(folder, error);
-    }
-
     fs::path path() const { return folder / "VRB_TS2.INI"; }
     Machine read(const std::string& bytes) {
-        std::ofstream(path(), std::ios::binary) << bytes;
+        put(path(), bytes);
         return read();
     }
     Machine read() {
@@ -66,8 +56,6 @@ protected:
         readSettings(machine, folder);
         return machine;
     }
-
-    fs::path folder;
 };
 
 TEST(SettingsNumber, is_what_the_text_begins_with) {
@@ -121,6 +109,7 @@ TEST_F(SettingsFile, is_read_in_every_form_of_text) {
              std::string("  [INIT]  \n\t MODE-QDA52\t = \t3 \n"),
              std::string("[INIT]\nMODE-QDA52=\"3\"\n"),
              std::string("[INIT]\nMODE-QDA52= '3' \r\n"),
+             std::string("[INIT]\nMODE-QDA52=\"3\" ; \"1\"\n"),
              std::string("[INIT]\nMODE-QDA52=3\nMODE-QDA52=1\n"),
              std::string("[INIT]\nMODE-QDA5=1\nMODE-QDA522=1\nMODE-QDA52=3=1\n"),
              std::string("[\n[]\n]\n=\n[INIT]\n]\n=\n\nno equals sign\nMODE-QDA52=3\n"),
@@ -229,6 +218,172 @@ TEST(MakersValues, put_four_answering_stations_on_the_cable) {
         EXPECT_EQ(statusOf(machine, sa), 0);
     }
     EXPECT_EQ(statusOf(machine, 5), 0x14) << "nobody there";
+}
+
+// --- the dialog's operations -----------------------------------------------------------------------------------------------
+
+std::size_t rowOf(std::string_view key) {
+    return static_cast<std::size_t>(std::distance(
+        settings.begin(), std::find_if(settings.begin(), settings.end(), [&](const Setting& s) { return s.key == key; })));
+}
+
+TEST_F(SettingsFile, a_saved_key_reaches_the_board_at_the_next_start) {
+    struct Row {
+        const char* key;
+        std::int16_t value;
+        int (*onTheBench)(const Machine&);
+        int expected;
+        int withoutIt;  // when the value is 0
+    };
+    for (const Row& row : {
+             Row{"CABLECONNECTION", 1, [](const Machine& m) { return int{m.picBOARD2_RXD[0].plugged}; }, 1, 0},
+             Row{"MEMORYCLEAR", 1, [](const Machine& m) { return int{m.memoryClearDefault}; }, 1, 0},
+             Row{"TRANSFER", 1, [](const Machine& m) { return int{m.duplexBit}; }, 0, fullDuplexBit},
+             Row{"CPUTYPE", 3, [](const Machine& m) { return int{bus8bit(m) && bigEndian(m)}; }, 1, 0},
+             Row{"SA-QDA41", 62, [](const Machine& m) { return int{m.boardSA[saQDA41]}; }, 63, 1},
+             Row{"SA-QDA73", 9, [](const Machine& m) { return int{m.boardSA[saQDA73]}; }, 10, 1},
+             Row{"SA-QDA52", 15, [](const Machine& m) { return int{m.boardSA[saQDA52]}; }, 16, 1},
+             Row{"CLOCK-QDA41", 2, [](const Machine& m) { return int{m.cmbClock41.listIndex}; }, 2, 0},
+             Row{"CLOCK-QDA73", 3, [](const Machine& m) { return int{m.boardClock[clockQDA73]}; }, 3, 0},
+             Row{"CLOCK-QDA52", 1, [](const Machine& m) { return int{m.boardClock[clockQDA52]}; }, 1, 0},
+             Row{"CASCADE-QDA41", 1, [](const Machine& m) { return int{m.picBridge.visible}; }, 1, 0},
+             Row{"IOS-QDA52", 7, [](const Machine& m) { return int{m.ios52}; }, 7, 0},
+             Row{"MODE-QDA52", 2, [](const Machine& m) { return int{m.cmbMode.listIndex}; }, 2, 0},
+             Row{"OPENWINDOW1", 1, [](const Machine& m) { return int{m.openWindowDefault[1]}; }, 1, 0},
+             Row{"OPENWINDOW2", 1, [](const Machine& m) { return int{m.openWindowDefault[2]}; }, 1, 0},
+             Row{"OPENWINDOW3", 1, [](const Machine& m) { return int{m.openWindowDefault[3]}; }, 1, 0},
+             Row{"OPENWINDOW4", 1, [](const Machine& m) { return int{m.openWindowDefault[4]}; }, 1, 0},
+             Row{"OPENWINDOW5", 1, [](const Machine& m) { return int{m.openWindowDefault[5]}; }, 1, 0},
+         }) {
+        SCOPED_TRACE(row.key);
+        for (const bool set : {true, false}) {
+            DialogValues values{};
+            values[rowOf(row.key)] = set ? row.value : std::int16_t{0};
+            ASSERT_FALSE(saveDialog(folder, values));
+            EXPECT_EQ(loadDialog(readProfileFile(path())), values);
+            Machine machine = read();
+            setUpBench(machine);
+            resetRegisters(machine);
+            EXPECT_EQ(row.onTheBench(machine), set ? row.expected : row.withoutIt);
+        }
+    }
+}
+
+TEST_F(SettingsFile, a_save_keeps_what_is_not_its_own_and_writes_a_new_file_in_order) {
+    const std::string made =
+        "[INIT]\r\nCABLECONNECTION=1\r\nMEMORYCLEAR=1\r\nTRANSFER=0\r\nCPUTYPE=0\r\nSA-QDA41=1\r\nSA-QDA73=0\r\nSA-QDA52=3\r\n"
+        "CLOCK-QDA41=0\r\nCLOCK-QDA73=0\r\nCLOCK-QDA52=0\r\nCASCADE-QDA41=1\r\nIOS-QDA52=5\r\nMODE-QDA52=0\r\nOPENWINDOW1=1\r\n"
+        "OPENWINDOW2=1\r\nOPENWINDOW3=1\r\nOPENWINDOW4=0\r\nOPENWINDOW5=0";
+    ASSERT_FALSE(saveDialog(folder, setDialogMaker()));
+    EXPECT_EQ(bytesOf(path()), made + "\r\n");
+
+    put(path(), "; mine\n[INIT]\nCLOCK-QDA60=2\nIOS-QDA52=1 ; first\nMINE=x\n" + made.substr(8) + "\n[MINE]\nCPUTYPE=3\n");
+    std::string kept = bytesOf(path());
+    kept.replace(kept.find("=1 ; first") + 1, 1, "5");
+    ASSERT_FALSE(saveDialog(folder, setDialogMaker()));
+    EXPECT_EQ(bytesOf(path()), kept);
+    EXPECT_EQ(read().boardClock[clockCenter], 2);
+}
+
+TEST_F(SettingsFile, each_absent_key_reads_as_0_and_leaves_the_others) {
+    for (std::size_t absent = 0; absent < keys.size(); ++absent) {
+        std::string text = "[INIT]\n";
+        Values expected = makersValues;
+        for (std::size_t index = 0; index < keys.size(); ++index) {
+            text += index == absent ? "" : std::string(keys[index]) + "=" + std::to_string(makersValues[index]) + "\n";
+        }
+        expected[absent] = 0;
+        EXPECT_EQ(valuesOf(read(text)), expected) << keys[absent];
+    }
+}
+
+TEST(SettingsDialog, a_box_is_ticked_for_a_number_above_0_and_a_list_takes_its_index) {
+    struct Row {
+        const char* text;
+        int box;
+        int list;
+    };
+    for (const Row& row : {Row{"1", 1, 1},
+                           {"2", 1, 2},
+                           {"0", 0, 0},
+                           {"-1", 0, 0},
+                           {"12abc", 1, 12},
+                           {"abc", 0, 0},
+                           {"99999999999", 0, 0},
+                           {"0x10", 0, 0},
+                           {"", 0, 0},
+                           {"   ", 0, 0},
+                           {" 7 ", 1, 7},
+                           {"63", 1, 0}}) {
+        for (const auto& [key, expected] : {std::pair{"OPENWINDOW3", row.box}, {"TRANSFER", row.box}, {"SA-QDA52", row.list}}) {
+            DialogValues values{};
+            values[rowOf(key)] = static_cast<std::int16_t>(expected);
+            EXPECT_EQ(loadDialog(ProfileFile(std::string("[INIT]\n") + key + "=" + row.text)), values) << key << "=" << row.text;
+        }
+    }
+    EXPECT_EQ(loadDialog(ProfileFile("[INIT]\nCLOCK-QDA60=1\n")), DialogValues{}) << "the dialog has no control for it";
+}
+
+TEST(SettingsDialog, applied_values_reach_the_machine_but_no_counter_mode_and_no_rate_of_the_center) {
+    Machine machine = makersMachine();
+    machine.mode52 = 2;
+    machine.boardClock[clockCenter] = 3;
+    DialogValues values = setDialogMaker();
+    for (const auto& [key, value] : {std::pair{"TRANSFER", 1}, {"MODE-QDA52", 3}, {"IOS-QDA52", 7}, {"SA-QDA73", 20}}) {
+        values[rowOf(key)] = static_cast<std::int16_t>(value);
+    }
+    applyDialog(machine, values);
+    Values expected = makersValues;
+    expected[3] = 1;
+    expected[5] = 20;
+    expected[12] = 7;
+    EXPECT_EQ(valuesOf(machine), expected);
+    setUpBench(machine);
+    EXPECT_EQ(machine.boardSA, (std::array<std::int16_t, 3>{2, 21, 4})) << "indices became addresses";
+    EXPECT_FALSE(machine.picPI[79].visible) << "mode 7 takes pin 15 away";
+}
+
+// --- where the file lies ---------------------------------------------------------------------------------------------------
+
+// The superuser may write everywhere: for him somebody else looks.
+template <class Action>
+auto asAnybody(Action action) {
+#ifdef __unix__
+    const bool changed = geteuid() == 0 && seteuid(65534) == 0;
+    const auto result = action();
+    EXPECT_TRUE(!changed || seteuid(0) == 0);
+    return result;
+#else
+    return action();
+#endif
+}
+
+TEST_F(SettingsFile, lies_with_the_user_where_the_programs_folder_cannot_be_written) {
+    const fs::path user = folder / "user";
+    EXPECT_EQ(SettingsPlace(folder, user).saved(), path());
+    EXPECT_EQ(SettingsPlace(folder / "missing", user).saved(), user / "VRB_TS2.INI");
+
+    put(path(), "[INIT]\nIOS-QDA52=6\n; shipped\n");
+    fs::permissions(folder, fs::perms(0555));
+    const SettingsPlace installed = asAnybody([&] { return SettingsPlace(folder, user); });
+    fs::permissions(folder, fs::perms::owner_all);
+    Machine machine;
+    readSettings(machine, installed);
+    EXPECT_EQ(machine.ios52, 6) << "until the first save";
+    ASSERT_FALSE(saveDialog(installed, setDialogMaker()));
+    EXPECT_EQ(installed.saved(), user / "VRB_TS2.INI");
+    EXPECT_EQ(installed.toRead(), installed.saved());
+    EXPECT_NE(bytesOf(installed.saved()).find("; shipped"), std::string::npos);
+    EXPECT_EQ(bytesOf(path()), "[INIT]\nIOS-QDA52=6\n; shipped\n");
+}
+
+TEST_F(SettingsFile, that_cannot_be_kept_whole_is_not_saved_over) {
+    put(path(), std::string((1 << 20) + 1, ' '));
+    const auto error = saveDialog(folder, setDialogMaker());
+    ASSERT_TRUE(error);
+    EXPECT_EQ(fs::file_size(path()), (1U << 20) + 1);
+    EXPECT_EQ(saveWarning(*error), (Warning{"設定をファイルに保存できませんでした。\n\nファイル： " + path().string() +
+                                            "\n理由： ファイルが大きすぎます。"}));
 }
 
 }  // namespace
