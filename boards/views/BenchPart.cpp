@@ -221,8 +221,12 @@ void BenchPart::actByKey() {
 
 // The ring is for those who walk by keyboard; a mouse says where it is by its pointer.
 void BenchPart::focusInEvent(QFocusEvent* event) {
-    if (event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason) {
-        ring_ = event->reason() != Qt::MouseFocusReason;
+    switch (event->reason()) {
+        case Qt::TabFocusReason:
+        case Qt::BacktabFocusReason:
+        case Qt::ShortcutFocusReason: ring_ = true; break;
+        case Qt::MouseFocusReason: ring_ = false; break;
+        default: break;  // the focus comes back to where it was
     }
     tellFocus(*this);
     update();

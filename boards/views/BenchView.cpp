@@ -105,7 +105,7 @@ bool BenchView::focusNextPrevChild(bool next) {
         }
     }
     scene()->setFocusItem(nullptr);
-    return QAbstractScrollArea::focusNextPrevChild(next);
+    return QGraphicsView::focusNextPrevChild(next);
 }
 
 void BenchView::focusInEvent(QFocusEvent* event) {

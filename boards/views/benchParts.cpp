@@ -442,8 +442,8 @@ std::vector<LabelRow> makeLabels() {
                         true});
     }
     struct Indexed {
-        std::size_t card;
-        std::size_t index;
+        std::size_t card = onBench;
+        std::size_t index = 0;
         QPointF place;
     };
     for (const Indexed& at : {Indexed{center, 0, {176, 108}}, Indexed{board1, 2, {140, 87}}, Indexed{board2, 1, {140, 87}},

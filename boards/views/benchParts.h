@@ -24,8 +24,8 @@
 // By index of picBoard. Card 4 beside Board-1 is never shown: it has no place, and nothing on it is drawn.
 inline constexpr std::size_t cardCount = 7;
 struct CardRow {
-    const char* drawing;
-    const char* caption;  // for those who hear the bench instead of seeing it
+    const char* drawing = nullptr;
+    const char* caption = nullptr;  // for those who hear the bench instead of seeing it
     QRectF place;
 };
 inline constexpr std::array<CardRow, cardCount> cardRows{{
@@ -56,20 +56,20 @@ struct Look {
 enum class Pointer : std::uint8_t { arrow, singleClick, doubleClick };
 
 struct Family {
-    const char* name;
-    Look (*look)(const Machine& machine, std::size_t index);
+    const char* name = nullptr;
+    Look (*look)(const Machine& machine, std::size_t index) = nullptr;
     Pointer pointer = Pointer::arrow;
     const char* tip = "";
     std::array<const char*, 4> states{};  // what the first pictures are called, where they tell a state
 };
 
 struct PartRow {
-    const Family* family;
-    std::size_t index;
-    std::size_t card;
+    const Family* family = nullptr;
+    std::size_t index = 0;
+    std::size_t card = onBench;
     QPointF place;
-    const char* tip;
-    Pointer pointer;
+    const char* tip = "";
+    Pointer pointer = Pointer::arrow;
 };
 
 // Of the frame around the power LEDs, which the card's drawing holds.
@@ -80,15 +80,15 @@ const std::vector<PartRow>& benchParts();
 
 enum class Align : std::uint8_t { left, centre };
 struct LabelRow {
-    const char* name;
-    std::size_t index;
-    std::size_t card;
+    const char* name = nullptr;
+    std::size_t index = 0;
+    std::size_t card = onBench;
     QPointF place;  // of the base line
-    Align align;
-    int pixelSize;
-    std::string_view (*text)(const Machine& machine, std::size_t index);
-    bool (*visible)(const Machine& machine, std::size_t index);
-    QRgb colour;
+    Align align = Align::left;
+    int pixelSize = 0;
+    std::string_view (*text)(const Machine& machine, std::size_t index) = nullptr;
+    bool (*visible)(const Machine& machine, std::size_t index) = nullptr;
+    QRgb colour = 0;
     bool boxed = false;  // dark print in a white field
 };
 

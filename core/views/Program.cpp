@@ -296,9 +296,6 @@ void Program::restartMachine() {
     frmEditRegister_->hide();
     frmEditSerial_->reject();
     frmMessage_->hide();
-    if (frmOsiro_ != nullptr) {
-        frmOsiro_->hide();
-    }
     unloadHard();
     if (frmRegister_ != nullptr) {
         unloadRegisterWindow();

@@ -192,6 +192,7 @@ void frmMDI::MDIForm_QueryUnload() {
                                     QMessageBox::Ok | QMessageBox::Cancel, this);
     exitQuestion_->setObjectName("exitQuestion");
     exitQuestion_->setAttribute(Qt::WA_DeleteOnClose);
+    exitQuestion_->setWindowFlag(Qt::WindowStaysOnTopHint);  // not behind a topmost window, where nobody finds it
     exitQuestion_->setFont(look::textFont(14));
     exitQuestion_->setIconPixmap(ImageList("picQuestion").image(1, devicePixelRatioF()));
     for (QAbstractButton* button : exitQuestion_->buttons()) {

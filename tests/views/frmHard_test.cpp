@@ -1,6 +1,7 @@
 #include "boards/views/frmHard.h"
 
 #include "aids/views/frmOsiro.h"
+#include "boards/portPins.h"
 #include "boards/views/BenchCombo.h"
 #include "boards/views/BenchView.h"
 #include "tests/views/startedProgram.h"
@@ -394,6 +395,52 @@ TEST_F(Bench, width_follows_card_and_panel) {
     EXPECT_EQ(machine().diImage[9], 0);
     click("picPI", 64);
     EXPECT_EQ(machine().diImage[8], 1);
+}
+
+TEST_F(Bench, lamp_and_motor_follow_the_output_word) {
+    startBench();
+    const auto send = [&](int word) {
+        setMemoryWord(machine(), doBase + 2 * 4, word);
+        fire();
+    };
+    cmbIOS_LostFocus(machine(), 6);
+    for (const int level : {0, 3, 7}) {
+        send(0x40 | level * 8 | 1);
+        EXPECT_EQ(picture("imgBelt"), 4 + level);
+        EXPECT_EQ(picture("picPower", 0), 2);
+        EXPECT_EQ(picture("picPower", 3), level % 2 != 0 ? 2 : 1);
+    }
+    send(0x80 | 0x3F);
+    EXPECT_EQ(picture("imgBelt"), 4) << "the lamp answers to one direction only";
+    EXPECT_EQ(picture("picPower", 5), 1);
+
+    cmbIOS_LostFocus(machine(), 7);
+    fire();
+    const auto pictures = [&] {
+        std::vector<std::pair<int, int>> seen;
+        for (int step = 0; step < 3; ++step) {
+            seen.emplace_back(picture("imgBelt"), picture("picTriangle"));
+            bench().timMotor().fire();
+        }
+        return seen;
+    };
+    EXPECT_EQ(bench().timMotor().interval(), 125);
+    EXPECT_EQ(pictures(), (std::vector<std::pair<int, int>>{{1, 1}, {2, 2}, {3, 3}}));
+    send(0x40 | 0x20);
+    EXPECT_EQ(bench().timMotor().interval(), 550);
+    EXPECT_EQ(pictures(), (std::vector<std::pair<int, int>>{{1, 8}, {3, 7}, {2, 6}}));
+    doublePress(part("picCLR", 4));
+    EXPECT_FALSE(bench().timMotor().running());
+    EXPECT_EQ(picture("picPower", 5), 1);
+    release(outside());
+    fire();
+    EXPECT_EQ(bench().timMotor().interval(), 550) << "the word comes back with the next visit";
+    send(0xC0 | 0x20);
+    EXPECT_FALSE(bench().timMotor().running()) << "no direction";
+    cmbIOS_LostFocus(machine(), 5);
+    fire();
+    EXPECT_FALSE(bench().timMotor().running());
+    EXPECT_EQ(width(), 13320) << "the card is still there";
 }
 
 TEST_F(Bench, duplex_is_asked_for_and_refused_in_a_scan) {
