@@ -16,6 +16,7 @@
 #include "config/views/frmDefault.h"
 #include "core/views/frmMDI.h"
 #include "memwin/views/MemoryWindows.h"
+#include "platform/paths.h"
 #include "platform/screen.h"
 #include "platform/twips.h"
 
@@ -29,6 +30,8 @@ namespace {
 constexpr QPoint registerPlace{twips(6600), twips(1100)};
 constexpr int chooserBesideLabel = twips(900);
 constexpr std::uint8_t firstScanLastAddress = 4;
+
+constexpr int diagrams = 6;
 
 // The serial dialog, from the corner of the hardware window; that of the cascade card stands farther right.
 constexpr QPoint serialPlace{twips(7500), twips(5900)};
@@ -232,6 +235,10 @@ void Program::answerDuplex(const Answer& question) {
     frmDialog_->warningDialog(*asked, [this](frmDialog::Result result) {
         const Answer answer = picJumper_Answered(machine_, result == frmDialog::resultOk);
         frmHard_->changed(answer);
+        // Every diagram shows the duplex.
+        for (int diagram = 0; diagram < diagrams; ++diagram) {
+            emit frmHard_->diagramChanged(diagram);
+        }
     });
 }
 
@@ -284,7 +291,7 @@ QPoint Program::fromMain(QPoint place) const {
 }
 
 void Program::openSound() {
-    machine_.soundAvailable = sound_.open(QString::fromStdU16String((folder_ / "BEEP.WAV").u16string()));
+    machine_.soundAvailable = sound_.open(textOfPath(folder_ / "BEEP.WAV"));
 }
 
 // --- restart ---------------------------------------------------------------------------------------------------------------

@@ -1,5 +1,6 @@
 #include "core/views/Program.h"
 #include "platform/look.h"
+#include "platform/paths.h"
 
 #include <QApplication>
 #include <QStandardPaths>
@@ -11,7 +12,6 @@ int main(int argc, char** argv) {
     QApplication::setQuitOnLastWindowClosed(false);  // only the exit question ends the program
     look::applyTo(application);
 
-    const auto pathOf = [](const QString& folder) { return std::filesystem::path(folder.toStdU16String()); };
     Program program(pathOf(QApplication::applicationDirPath()),
                     pathOf(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation)));
     // The learner has been asked: nothing asks the windows again.
