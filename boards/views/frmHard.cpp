@@ -20,6 +20,7 @@
 #include <QGraphicsScene>
 #include <QGraphicsSimpleTextItem>
 #include <QPainter>
+#include <QScrollBar>
 #include <QStyle>
 
 #include <functional>
@@ -497,11 +498,13 @@ void frmHard::setFormWidth() {
 void frmHard::fit() {
     const QMargins frame = contentsMargins();
     const qreal zoom = view_->zoom();
-    const int width = qRound((twips(width_) - frame.left() - frame.right()) * zoom) + frame.left() + frame.right();
+    int width = qRound((twips(width_) - frame.left() - frame.right()) * zoom) + frame.left() + frame.right();
     const int height = qRound(benchSize.height() * zoom) + frame.top() + frame.bottom();
     const QWidget* area = parentWidget();
     const QSize room = area != nullptr ? area->size() : QSize(width, height);
-    // The margin on the right of the cards has room for the bar of a bench that is too high for the area.
+    if (height > room.height()) {
+        width += view_->verticalScrollBar()->sizeHint().width();  // the bar takes nothing away from the cards
+    }
     view_->setHorizontalScrollBarPolicy(width > room.width() ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
     scene_->setSceneRect(0, 0, twips(width_) - frame.left() - frame.right(), benchSize.height());
     setFixedSize(std::min(width, room.width()), std::min(height, room.height()));

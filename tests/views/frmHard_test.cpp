@@ -1,9 +1,11 @@
 #include "boards/views/frmHard.h"
 
+#include "access/views/frmMemoryRead.h"
 #include "aids/views/frmOsiro.h"
 #include "boards/portPins.h"
 #include "boards/views/BenchCombo.h"
 #include "boards/views/BenchView.h"
+#include "memwin/views/MemoryWindows.h"
 #include "tests/views/startedProgram.h"
 
 #include <QAbstractItemView>
@@ -485,6 +487,41 @@ TEST_F(Bench, timing_charts_stand_beside_their_port) {
         const int rightmost = chart.screen()->availableGeometry().right() - chart.width();
         EXPECT_NEAR(chart.frameGeometry().x(), std::min(wanted.x(), rightmost), 6) << "kept on the screen";
     }
+}
+
+// What the bench asks of other windows, by the argument of its signal.
+TEST_F(Bench, diagrams_and_serial_input_are_asked_for_by_their_chip) {
+    startBench();
+    const auto argument = [](QSignalSpy& spy) { return spy.isEmpty() ? -1 : spy.takeLast().at(0).toInt(); };
+    QSignalSpy wanted(&bench(), &frmHard::diagramWanted);
+    QSignalSpy follows(&bench(), &frmHard::diagramChanged);
+    QSignalSpy gone(&bench(), &frmHard::diagramGone);
+    for (const int chip : {0, 1, 2, 3, 4}) {
+        doubleClick("picQDA", static_cast<std::size_t>(chip));
+        EXPECT_EQ(argument(wanted), chip);
+    }
+    doubleClick("picBridge");
+    EXPECT_EQ(gone.count(), 1);
+    doubleClick("picFConn");
+    EXPECT_EQ(argument(follows), 1);
+    const auto choose = [&](const char* name, const char* picture, int item) {
+        BenchCombo& box = *bench().combo(name);
+        doubleClick(picture);
+        box.setFocus();
+        box.setCurrentIndex(item);
+        emit box.activated(item);
+        return argument(follows);
+    };
+    EXPECT_EQ(choose("cmbIOS", "picIOS", 7), 4);
+    doubleClick("picPWM");
+    EXPECT_EQ(argument(wanted), 4);
+    EXPECT_EQ(choose("cmbCPUType", "picCPU", 1), 0);
+    // The bus type reaches the memory windows; the read dialog goes with an 8-bit bus.
+    program->memoryWindows()->readDialog().show();
+    EXPECT_EQ(choose("cmbCPUType", "picCPU", 3), 0);
+    EXPECT_TRUE(program->memoryWindows()->readDialog().isVisible());
+    EXPECT_EQ(choose("cmbCPUType", "picCPU", 2), 0);
+    EXPECT_FALSE(program->memoryWindows()->readDialog().isVisible());
 }
 
 // --- keyboard, zoom, speed -------------------------------------------------------------------------------------------------

@@ -92,6 +92,7 @@ TEST_F(Restart, nothing_under_way_reaches_the_new_machine) {
     box.open(0);
     box.setFocus();
     QTest::keyClick(&box, Qt::Key_Down);
+    box.showPopup();
     QTest::mousePress(bench().view().viewport(), Qt::LeftButton, {},
                       bench().view().mapFromScene(bench().part("picCounter", 0)->sceneBoundingRect().center()));
     program->popupAtPointer("x");
