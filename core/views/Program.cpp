@@ -3,6 +3,8 @@
 #include "access/views/frmEditRegister.h"
 #include "access/views/frmRegister.h"
 #include "aids/views/frmDialog.h"
+#include "aids/views/frmHint.h"
+#include "aids/views/frmKAIROZU.h"
 #include "aids/views/frmMessage.h"
 #include "aids/views/frmOsiro.h"
 #include "aids/views/frmVersion.h"
@@ -28,6 +30,8 @@
 namespace {
 
 constexpr QPoint registerPlace{twips(6600), twips(1100)};
+constexpr QPoint hintPlace{twips(8700), twips(6700)};
+constexpr QPoint diagramPlace{twips(10000), twips(900)};
 constexpr int chooserBesideLabel = twips(900);
 constexpr std::uint8_t firstScanLastAddress = 4;
 
@@ -101,7 +105,6 @@ void Program::loadWindows() {
             load();
         });
     };
-    const auto nothingYet = [] {};
     step("メインウィンドウロード中です。", [this] { loadMain(); });
     step("ハードウェアウィンドウロード中です。", [this] { loadHard(); });
     step("レジスタウィンドウロード中です。", [this] { loadRegister(); });
@@ -112,7 +115,10 @@ void Program::loadWindows() {
         fillMemory();
         openMemoryWindows();
     });
-    step("レジスタヒントウィンドウロード中です。", nothingYet);
+    step("レジスタヒントウィンドウロード中です。", [this] {
+        loadHint();
+        showHint();
+    });
 }
 
 void Program::loadMain() {
@@ -167,6 +173,11 @@ void Program::loadDialogs() {
 void Program::loadMemoryWindows() {
     memoryWindows_ = std::make_unique<MemoryWindows>(machine_, frmMDI_->area(), *frmMDI_);
     MemoryWindows* windows = memoryWindows_.get();
+    connect(windows, &MemoryWindows::controlWordPointed, this, [this] {
+        if (frmHint_ != nullptr && frmHint_->isVisible()) {
+            frmHint_->turnTo(controlWordPage);
+        }
+    });
     connect(windows, &MemoryWindows::popupWanted, this, &Program::popupAtPointer);
     connect(windows, &MemoryWindows::answered, this, &Program::say);
     connect(windows, &MemoryWindows::beepWanted, this, &Program::playBeep);
@@ -196,6 +207,17 @@ void Program::loadHard() {
         }
     });
     connect(frmHard_, &frmHard::duplexQuestion, this, &Program::answerDuplex);
+    connect(frmHard_, &frmHard::diagramWanted, this, &Program::setKAIROZU);
+    connect(frmHard_, &frmHard::diagramChanged, this, [this](int index) {
+        if (frmKAIROZU_ != nullptr) {
+            frmKAIROZU_->changeKAIROZU(index, fromMain(diagramPlace));
+        }
+    });
+    connect(frmHard_, &frmHard::diagramGone, this, [this] {
+        if (frmKAIROZU_ != nullptr) {
+            frmKAIROZU_->hide();
+        }
+    });
     connect(frmHard_, &frmHard::serialWanted, this, &Program::enterSerialData);
     connect(frmHard_, &frmHard::chartWanted, this, &Program::openTimingChart);
     connect(frmHard_, &frmHard::busTypeChanged, memoryWindows_.get(), &MemoryWindows::busTypeChanged);
@@ -284,6 +306,9 @@ void Program::positionWindows() {
     if (frmRegister_ != nullptr) {
         placeWindow(*frmRegister_, fromMain(registerPlace));
     }
+    if (frmHint_ != nullptr) {
+        placeWindow(*frmHint_, fromMain(hintPlace));
+    }
 }
 
 QPoint Program::fromMain(QPoint place) const {
@@ -308,8 +333,13 @@ void Program::restartMachine() {
         unloadRegisterWindow();
     }
     memoryWindows_->unload();
+    frmHint_->hide();
+    frmMDI_->label(Tool::registerHint).setWindowOpen(false);
     if (frmDefault_ != nullptr) {
         frmDefault_->hide();
+    }
+    if (frmKAIROZU_ != nullptr) {
+        frmKAIROZU_->hide();
     }
     resetMachine(machine_, dateNumber());
     loadHard();
@@ -319,6 +349,7 @@ void Program::restartMachine() {
         memoryWindows_->load(area);
     }
     openMemoryWindows();
+    showHint();
     openSound();
     frmMDI_->lblRunMode_Click(modeRun);
     endRestart(machine_);
@@ -330,6 +361,8 @@ void Program::restartMachine() {
 void Program::quitProgram() {
     steps_.clear();
     frmDefault_.reset();
+    frmHint_.reset();
+    frmKAIROZU_.reset();
     unloadHard();
     frmOsiro_.reset();
     memoryWindows_.reset();
@@ -354,7 +387,7 @@ void Program::activateTool(Tool tool) {
             memoryWindows_->toggleChooser(frmMDI_->label(tool).mapTo(frmMDI_.get(), QPoint()).x() - chooserBesideLabel);
             break;
         case Tool::defaultSet: openSettings(); break;
-        case Tool::registerHint:
+        case Tool::registerHint: openHint(); break;
         case Tool::navigator: break;  // these windows are still to be built
     }
 }
@@ -406,6 +439,39 @@ void Program::openSettings() {
     frmMDI_->label(Tool::defaultSet).setWindowOpen(true);
 }
 
+void Program::loadHint() {
+    frmHint_ = std::make_unique<frmHint>(folder_, frmMDI_.get());
+    connect(frmHint_.get(), &frmHint::closed, this, [this] { frmMDI_->label(Tool::registerHint).setWindowOpen(false); });
+    placeWindow(*frmHint_, fromMain(hintPlace));
+}
+
+// At start and after a restart. A book without pages has nothing to say there.
+void Program::showHint() {
+    if (machine_.openWindowDefault[2] != 0 && frmHint_->hasPages()) {
+        frmHint_->show();
+        frmMDI_->label(Tool::registerHint).setWindowOpen(true);
+    }
+}
+
+void Program::openHint() {
+    memoryWindows_->hideChooser();
+    if (frmHint_->isVisible()) {
+        QApplication::beep();
+        frmHint_->activateWindow();
+        return;
+    }
+    frmHint_->show();
+    frmMDI_->label(Tool::registerHint).setWindowOpen(true);
+}
+
+void Program::setKAIROZU(int index) {
+    if (frmKAIROZU_ == nullptr) {
+        frmKAIROZU_ = std::make_unique<frmKAIROZU>(machine_, folder_, frmMDI_.get());
+        connect(frmKAIROZU_.get(), &frmKAIROZU::activated, this, [this] { memoryWindows_->hideChooser(); });
+    }
+    frmKAIROZU_->setKAIROZU(index, fromMain(diagramPlace));
+}
+
 void Program::openVersion() {
     memoryWindows_->hideChooser();
     if (frmVersion_ == nullptr) {
@@ -442,6 +508,7 @@ void Program::openRegisterWrite(const QString& name, int row, int top, Half half
         dialogTop -= sizeWithFrame(*frmEditRegister_).height() + dialogAbove;
     }
     frmMessage_->hide();
+    frmHint_->showHintFor(name);
     frmEditRegister_->openFor(name, row, half, keptOnScreen({{left, dialogTop}, sizeWithFrame(*frmEditRegister_)}).topLeft());
 }
 

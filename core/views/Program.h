@@ -26,6 +26,8 @@ class frmDialog;
 class frmEditRegister;
 class frmEditSerial;
 class frmHard;
+class frmHint;
+class frmKAIROZU;
 class frmMDI;
 class frmMessage;
 class frmOsiro;
@@ -64,6 +66,8 @@ public:
     frmRegister* registerWindow() { return frmRegister_.get(); }
     frmEditRegister* registerDialog() { return frmEditRegister_.get(); }
     frmDefault* settingsDialog() { return frmDefault_.get(); }
+    frmHint* hints() { return frmHint_.get(); }
+    frmKAIROZU* circuitDiagram() { return frmKAIROZU_.get(); }
     frmEditSerial* serialDialog() { return frmEditSerial_.get(); }
     frmMessage* message() { return frmMessage_.get(); }
     frmDialog* dialog() { return frmDialog_.get(); }
@@ -96,6 +100,10 @@ private:
     void unloadRegisterWindow();
     void openVersion();
     void openSettings();
+    void loadHint();
+    void openHint();
+    void showHint();
+    void setKAIROZU(int index);
     void unloadHard();
     void enterSerialData(int index);
     void openTimingChart(int group, QPoint offset);
@@ -116,6 +124,8 @@ private:
     frmHard* frmHard_ = nullptr;  // a child of the main window's area
     std::unique_ptr<frmEditSerial> frmEditSerial_;
     std::unique_ptr<frmDefault> frmDefault_;
+    std::unique_ptr<frmHint> frmHint_;
+    std::unique_ptr<frmKAIROZU> frmKAIROZU_;
     std::unique_ptr<frmOsiro> frmOsiro_;
     std::unique_ptr<frmRegister> frmRegister_;
     std::unique_ptr<frmEditRegister> frmEditRegister_;

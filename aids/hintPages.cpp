@@ -1,0 +1,27 @@
+#include "aids/hintPages.h"
+
+#include "aids/textLines.h"
+
+#include <algorithm>
+
+std::vector<HintPage> readHintList(std::string_view text) {
+    std::vector<HintPage> pages;
+    forEachLine(text, [&pages](std::string_view line) {
+        const auto tab = line.find('\t');
+        if (line.starts_with(';') || tab == std::string_view::npos) {
+            return;
+        }
+        const std::string_view rest = line.substr(tab + 1);
+        pages.push_back({std::string(line.substr(0, tab)), std::string(rest.substr(0, rest.find('\t')))});
+    });
+    return pages;
+}
+
+std::optional<std::size_t> pageFor(const std::vector<HintPage>& pages, std::string_view name) {
+    const auto found = std::find_if(pages.begin(), pages.end(),
+                                    [name](const HintPage& page) { return page.caption.find(name) != std::string::npos; });
+    if (found == pages.end()) {
+        return std::nullopt;
+    }
+    return static_cast<std::size_t>(found - pages.begin());
+}

@@ -1,0 +1,29 @@
+// The book of register hints: which pages there are, and which one belongs to what the learner is looking at.
+//
+//   list file    ; a comment
+//                picture file <tab> caption of its tab
+//
+// Pages are numbered from 0 in the order of the file. A line without a tab names no page and is skipped.
+
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+struct HintPage {
+    std::string picture;
+    std::string caption;
+    bool operator==(const HintPage&) const = default;
+};
+
+// The page that explains the control word.
+inline constexpr std::size_t controlWordPage = 6;
+
+// `text` is the list file in UTF-8, with CR LF or LF.
+std::vector<HintPage> readHintList(std::string_view text);
+
+// The first page whose caption contains the name.
+std::optional<std::size_t> pageFor(const std::vector<HintPage>& pages, std::string_view name);

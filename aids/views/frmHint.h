@@ -1,0 +1,51 @@
+// The register hints: a book of pictures with tabs, three to a row, that turns to what the learner is looking at. The close
+// box hides it; the page stays open.
+
+#pragma once
+
+#include "aids/hintPages.h"
+
+#include <QPixmap>
+#include <QWidget>
+
+#include <filesystem>
+
+class QButtonGroup;
+class QGridLayout;
+
+class frmHint : public QWidget {
+    Q_OBJECT
+
+public:
+    // Reads the pages from the folder HintData in `folder`, the program's. What can't be read is left out without a word.
+    frmHint(const std::filesystem::path& folder, QWidget* owner);
+
+    bool hasPages() const { return !pages_.empty(); }
+    int page() const;
+    int pageCount() const { return static_cast<int>(pages_.size()); }
+    // Turns to a page, as a click on its tab does. A number without a page is ignored.
+    void turnTo(std::size_t page);
+    // While the window is visible: turns to the page whose caption has the name.
+    void showHintFor(const QString& name);
+    const QPixmap& picHint() const { return picture_; }
+
+signals:
+    void closed();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void initHint();
+    void makeTabs();
+    void showPage(int page);
+
+    std::filesystem::path hintPath_;
+    std::vector<HintPage> pages_;
+    std::vector<QImage> ilsHint_;
+    std::vector<QString> reasons_;  // why a page has no picture
+    QButtonGroup* tabHint_;
+    QPixmap picture_;
+};

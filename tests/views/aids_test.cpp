@@ -1,0 +1,153 @@
+#include "aids/views/frmHint.h"
+#include "aids/views/frmKAIROZU.h"
+#include "boards/network.h"
+#include "boards/views/frmHard.h"
+#include "memwin/views/DumpGrid.h"
+#include "memwin/views/MemoryWindows.h"
+#include "platform/textFile.h"
+#include "tests/views/startedProgram.h"
+
+#include <QDir>
+#include <QImage>
+
+namespace {
+
+const std::string withoutHints =
+    "[INIT]\r\nCABLECONNECTION=1\r\nMEMORYCLEAR=1\r\nSA-QDA41=1\r\nSA-QDA52=3\r\nCASCADE-QDA41=1\r\nIOS-QDA52=5\r\n"
+    "OPENWINDOW1=1\r\nOPENWINDOW3=1\r\n";
+const std::string withHints = withoutHints + "OPENWINDOW2=1\r\n";
+
+class Aids : public StartedProgram {
+protected:
+    void makeFile(const QString& name, const QByteArray& bytes) {
+        const QString path = folder.filePath(name);
+        QDir().mkpath(QFileInfo(path).path());
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+    }
+    // A picture whose width tells it from the others.
+    void makePicture(const QString& name, int width, Qt::GlobalColor colour = Qt::white) {
+        makeFile(name, {});
+        QImage picture(width, 40, QImage::Format_RGB32);
+        picture.fill(colour);
+        ASSERT_TRUE(picture.save(folder.filePath(name), "BMP"));
+    }
+    frmKAIROZU& diagram() { return *program->circuitDiagram(); }
+    frmHint& hint() { return *program->hints(); }
+    void changeDuplex() {
+        program->hardware()->changed(picJumper_Answered(machine(), true));
+        for (int index = 0; index < 6; ++index) {
+            emit program->hardware()->diagramChanged(index);
+        }
+    }
+};
+
+TEST_F(Aids, the_diagram_on_show_follows_its_settings) {
+    makePicture("Kairozu/QDA73_FULL.BMP", 300);
+    makePicture("Kairozu/qda73_half.bmp", 310);
+    makePicture("Kairozu/QDA52_IOS_5.BMP", 320);
+    makePicture("Kairozu/QDA52_IOS_7.BMP", 330);
+    makePicture("Kairozu/QDA52_ADD_HALF.BMP", 100, Qt::red);
+    start(withoutHints);
+    frmHard& bench = *program->hardware();
+    emit bench.diagramChanged(3);
+    EXPECT_EQ(program->circuitDiagram(), nullptr) << "nothing is on show";
+    emit bench.diagramWanted(3);
+    EXPECT_TRUE(diagram().isVisible());
+    EXPECT_EQ(diagram().width(), 300);
+    changeDuplex();
+    EXPECT_EQ(diagram().width(), 310) << "a learner's own file is found in any case";
+    emit bench.diagramWanted(4);
+    EXPECT_EQ(diagram().width(), 320);
+    EXPECT_EQ(diagram().picHalf().width(), 100);
+    EXPECT_EQ(diagram().grab().toImage().pixelColor(50, 20), QColor(Qt::red));
+    machine().ios52 = 7;
+    emit bench.diagramChanged(0);
+    EXPECT_EQ(diagram().width(), 320) << "another board's setting";
+    emit bench.diagramChanged(4);
+    EXPECT_EQ(diagram().width(), 330);
+    changeDuplex();
+    EXPECT_TRUE(diagram().picHalf().isNull());
+    emit bench.diagramGone();
+    EXPECT_FALSE(diagram().isVisible());
+    emit bench.diagramChanged(4);
+    EXPECT_FALSE(diagram().isVisible());
+}
+
+TEST_F(Aids, a_picture_that_cannot_be_shown_says_why) {
+    makeFile("Kairozu/QDA41_NEST.BMP", "no picture at all");
+    makePicture("Kairozu/QDA73_FULL.BMP", 5000);
+    start(withoutHints);
+    for (const auto& [index, reason] : {std::pair{0, "QDA60_FULL_16BIT.BMP が見つかりません。"},
+                                        {2, "QDA41_NEST.BMP は画像として読めません。"},
+                                        {3, "QDA73_FULL.BMP は大きすぎます。"}}) {
+        emit program->hardware()->diagramWanted(index);
+        EXPECT_TRUE(diagram().isVisible());
+        EXPECT_TRUE(diagram().picKAIROZU().isNull());
+        EXPECT_EQ(diagram().message(), reason);
+    }
+}
+
+TEST_F(Aids, hints_turn_to_what_the_learner_looks_at) {
+    // In the Japanese code page: ";" and "コントロール".
+    QByteArray list("; \x83\x52\r\n");
+    for (const char* name : {"SCR", "SSR", "HPR", "INT0R", "INT1R", "C1CR C2CR"}) {
+        list += QByteArray(name) + ".bmp\t" + name + "\r\n";
+    }
+    list += "cw.bmp\t\x83\x52\x83\x93\x83\x67\x83\x8d\x81\x5b\x83\x8b\r\nBCR.bmp\tBCR\r\n";
+    makeFile("HintData/RegsterHint.TXT", list);
+    makePicture("HintData/SCR.BMP", 700);
+    makePicture("HintData/cw.bmp", 710);
+    start(withHints);
+    EXPECT_TRUE(hint().isVisible());
+    EXPECT_EQ(main().label(Tool::registerHint).cursor().shape(), Qt::ArrowCursor);
+    EXPECT_EQ(hint().pageCount(), 8);
+    EXPECT_EQ(hint().page(), 0);
+    EXPECT_EQ(hint().picHint().width(), 700);
+    EXPECT_EQ(hint().findChild<QAbstractButton*>("tabHint6")->text(), "コントロール");
+    EXPECT_EQ(hint().findChild<QAbstractButton*>("tabHint3")->y(), hint().findChild<QAbstractButton*>("tabHint5")->y());
+    open(8, 0);
+    EXPECT_EQ(hint().page(), 7) << "BCR";
+    EXPECT_TRUE(hint().picHint().isNull()) << "its picture is missing";
+    QTest::keyClick(&dialog(), Qt::Key_Escape);
+    emit program->memoryWindows()->controlWordPointed();
+    EXPECT_EQ(hint().picHint().width(), 710);
+    QTest::mouseClick(hint().findChild<QAbstractButton*>("tabHint0"), Qt::LeftButton);
+    EXPECT_EQ(hint().picHint().width(), 700);
+    hint().close();
+    EXPECT_FALSE(hint().isVisible());
+    EXPECT_EQ(main().label(Tool::registerHint).cursor().shape(), Qt::BitmapCursor);
+    open(8, 0);
+    QTest::keyClick(&dialog(), Qt::Key_Escape);
+    QTest::mouseClick(&main().label(Tool::registerHint), Qt::LeftButton);
+    EXPECT_TRUE(hint().isVisible());
+    EXPECT_EQ(hint().page(), 0) << "it stays where it was while it is hidden";
+}
+
+TEST_F(Aids, without_hint_files_there_is_one_empty_page_and_no_window_at_start) {
+    start(withHints);
+    EXPECT_FALSE(hint().isVisible());
+    QTest::mouseClick(&main().label(Tool::registerHint), Qt::LeftButton);
+    EXPECT_TRUE(hint().isVisible());
+    EXPECT_EQ(hint().page(), 0);
+    hint().showHintFor("SCR");
+    EXPECT_EQ(hint().page(), 0);
+}
+
+TEST(TextFile, is_read_in_either_encoding_and_never_at_any_length) {
+    const QTemporaryDir folder;
+    const std::filesystem::path path = folder.filePath("text").toStdString();
+    const auto read = [&](const std::string& bytes) {
+        std::ofstream(path, std::ios::binary) << bytes;
+        return readTextFile(path);
+    };
+    EXPECT_EQ(read("\xEF\xBB\xBF試験"), "試験") << "the mark is no text";
+    EXPECT_EQ(read("試験"), "試験");
+    EXPECT_EQ(read("\x8e\x8e\x8c\xb1"), "試験") << "Japanese code page";
+    EXPECT_TRUE(read("\xff\xff").has_value());
+    EXPECT_EQ(read(std::string(50'000'000, 'x')), std::nullopt);
+    EXPECT_EQ(readTextFile(path / "none"), std::nullopt);
+}
+
+}  // namespace
