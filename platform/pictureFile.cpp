@@ -13,7 +13,7 @@ constexpr int largestSide = 4096;
 }  // namespace
 
 std::filesystem::path fileInFolder(const std::filesystem::path& folder, const QString& name) {
-    const std::filesystem::path exact = folder / pathOf(name);
+    const std::filesystem::path exact = folder / pathOf(QString(name).replace('\\', '/'));  // lists are written with either
     if (name.isEmpty() || QFileInfo(textOfPath(exact)).isFile()) {
         return name.isEmpty() ? std::filesystem::path() : exact;
     }

@@ -1,11 +1,20 @@
 #include "platform/screen.h"
 
+#include "platform/twips.h"
+
 #include <QGuiApplication>
 #include <QScreen>
 #include <QStyle>
 #include <QWidget>
 
 #include <algorithm>
+
+namespace {
+
+constexpr int besideEdge = twips(50);
+constexpr int aboveFoot = twips(500);
+
+}  // namespace
 
 QRect usableScreen(QPoint point) {
     const QScreen* screen = QGuiApplication::screenAt(point);
@@ -32,4 +41,11 @@ QSize sizeWithFrame(const QWidget& window) {
 
 void placeWindow(QWidget& window, QPoint place) {
     window.move(keptOnScreen({place, sizeWithFrame(window)}).topLeft());
+}
+
+void placeBottomRight(QWidget& window) {
+    const QWidget& owner = window.parentWidget() != nullptr ? *window.parentWidget() : window;
+    const QRect screen = owner.screen()->geometry();
+    const QSize size = sizeWithFrame(window);
+    placeWindow(window, {screen.right() + 1 - size.width() - besideEdge, screen.bottom() + 1 - size.height() - aboveFoot});
 }

@@ -17,3 +17,6 @@ QSize sizeWithFrame(const QWidget& window);
 
 // Moves a window's frame to `place`, kept on the screen.
 void placeWindow(QWidget& window, QPoint place);
+
+// Moves a window to the bottom right of its owner's screen, clear of the edge by what a task bar wants.
+void placeBottomRight(QWidget& window);

@@ -6,6 +6,8 @@
 #include "aids/views/frmHint.h"
 #include "aids/views/frmKAIROZU.h"
 #include "aids/views/frmMessage.h"
+#include "aids/views/frmNaviList.h"
+#include "aids/views/frmNavigation.h"
 #include "aids/views/frmOsiro.h"
 #include "aids/views/frmVersion.h"
 #include "boards/boardSet.h"
@@ -18,14 +20,18 @@
 #include "config/views/frmDefault.h"
 #include "core/views/frmMDI.h"
 #include "memwin/views/MemoryWindows.h"
+#include "platform/labels.h"
 #include "platform/paths.h"
+#include "platform/pictureFile.h"
 #include "platform/screen.h"
+#include "platform/textFile.h"
 #include "platform/twips.h"
 
 #include <QApplication>
 #include <QCursor>
 #include <QDateTime>
 #include <QMdiArea>
+#include <QMessageBox>
 
 namespace {
 
@@ -36,6 +42,7 @@ constexpr int chooserBesideLabel = twips(900);
 constexpr std::uint8_t firstScanLastAddress = 4;
 
 constexpr int diagrams = 6;
+constexpr const char* naviFolder = "NaviData";
 
 // The serial dialog, from the corner of the hardware window; that of the cascade card stands farther right.
 constexpr QPoint serialPlace{twips(7500), twips(5900)};
@@ -119,6 +126,7 @@ void Program::loadWindows() {
         loadHint();
         showHint();
     });
+    step("ナビゲーションウィンドウ設定中です。", [this] { loadNaviIndex(); });
 }
 
 void Program::loadMain() {
@@ -363,6 +371,8 @@ void Program::quitProgram() {
     frmDefault_.reset();
     frmHint_.reset();
     frmKAIROZU_.reset();
+    frmNaviList_.reset();
+    frmNavigation_.reset();
     unloadHard();
     frmOsiro_.reset();
     memoryWindows_.reset();
@@ -388,7 +398,7 @@ void Program::activateTool(Tool tool) {
             break;
         case Tool::defaultSet: openSettings(); break;
         case Tool::registerHint: openHint(); break;
-        case Tool::navigator: break;  // these windows are still to be built
+        case Tool::navigator: openNaviList(); break;
     }
 }
 
@@ -470,6 +480,60 @@ void Program::setKAIROZU(int index) {
         connect(frmKAIROZU_.get(), &frmKAIROZU::activated, this, [this] { memoryWindows_->hideChooser(); });
     }
     frmKAIROZU_->setKAIROZU(index, fromMain(diagramPlace));
+}
+
+// --- tours -----------------------------------------------------------------------------------------------------------------
+
+void Program::loadNaviIndex() {
+    const std::filesystem::path naviPath = folder_ / naviFolder;
+    const std::string text = readTextFile(fileInFolder(naviPath, "NaviIndex.txt")).value_or(std::string());
+    naviIndex_ = readNaviIndex(
+        text, [&naviPath](const std::string& fileName) { return !fileInFolder(naviPath, textOf(fileName)).empty(); });
+}
+
+void Program::openNaviList() {
+    if (frmVersion_ != nullptr && frmVersion_->isVisible()) {
+        return;
+    }
+    memoryWindows_->hideChooser();
+    if (frmNaviList_ == nullptr) {
+        frmNaviList_ = std::make_unique<frmNaviList>(naviIndex_, frmMDI_.get());
+        connect(frmNaviList_.get(), &frmNaviList::startWanted, this, &Program::startNavigation);
+        connect(frmNaviList_.get(), &frmNaviList::hidden, this, [this] { frmMDI_->label(Tool::navigator).setWindowOpen(false); });
+    } else if (frmNaviList_->isVisible()) {
+        QApplication::beep();
+    }
+    frmMDI_->label(Tool::navigator).setWindowOpen(true);
+    frmNaviList_->openList();
+}
+
+void Program::startNavigation(std::size_t number) {
+    if (!naviIndex_[number].fileFound) {
+        auto* notice =
+            new QMessageBox(QMessageBox::Information, "確認", "ファイルが見つかりません。", QMessageBox::Ok, frmNaviList_.get());
+        notice->setObjectName("naviNotice");
+        notice->setAttribute(Qt::WA_DeleteOnClose);
+        notice->open();
+        return;
+    }
+    frmNaviList_->hide();
+    // What the tour tells the learner to do fits the maker's bench.
+    Mdef_Set(machine_);
+    restartMachine();
+    if (frmNavigation_ == nullptr) {
+        loadNavigation();
+    }
+    frmNavigation_->setNavigation(naviIndex_[number].fileName);
+    frmNavigation_->show();
+}
+
+void Program::loadNavigation() {
+    frmNavigation_ = std::make_unique<frmNavigation>(folder_ / naviFolder, frmMDI_.get());
+    connect(frmNavigation_.get(), &frmNavigation::menuWanted, this, &Program::openNaviList);
+    connect(frmNavigation_.get(), &frmNavigation::ended, this, [this] {
+        frmNavigation_->hide();
+        frmNavigation_.release()->deleteLater();
+    });
 }
 
 void Program::openVersion() {

@@ -7,6 +7,7 @@
 #pragma once
 
 #include "access/registers.h"
+#include "aids/navigation.h"
 #include "config/settings.h"
 #include "core/answer.h"
 #include "core/mduMain.h"
@@ -30,6 +31,8 @@ class frmHint;
 class frmKAIROZU;
 class frmMDI;
 class frmMessage;
+class frmNaviList;
+class frmNavigation;
 class frmOsiro;
 class frmRegister;
 class frmVersion;
@@ -68,6 +71,8 @@ public:
     frmDefault* settingsDialog() { return frmDefault_.get(); }
     frmHint* hints() { return frmHint_.get(); }
     frmKAIROZU* circuitDiagram() { return frmKAIROZU_.get(); }
+    frmNaviList* naviList() { return frmNaviList_.get(); }
+    frmNavigation* navigation() { return frmNavigation_.get(); }
     frmEditSerial* serialDialog() { return frmEditSerial_.get(); }
     frmMessage* message() { return frmMessage_.get(); }
     frmDialog* dialog() { return frmDialog_.get(); }
@@ -104,6 +109,10 @@ private:
     void openHint();
     void showHint();
     void setKAIROZU(int index);
+    void loadNaviIndex();
+    void openNaviList();
+    void startNavigation(std::size_t number);
+    void loadNavigation();
     void unloadHard();
     void enterSerialData(int index);
     void openTimingChart(int group, QPoint offset);
@@ -126,6 +135,9 @@ private:
     std::unique_ptr<frmDefault> frmDefault_;
     std::unique_ptr<frmHint> frmHint_;
     std::unique_ptr<frmKAIROZU> frmKAIROZU_;
+    std::vector<NaviRecord> naviIndex_;
+    std::unique_ptr<frmNaviList> frmNaviList_;
+    std::unique_ptr<frmNavigation> frmNavigation_;
     std::unique_ptr<frmOsiro> frmOsiro_;
     std::unique_ptr<frmRegister> frmRegister_;
     std::unique_ptr<frmEditRegister> frmEditRegister_;

@@ -4,8 +4,8 @@
 #include "aids/views/frmOsiro.h"
 #include "boards/portPins.h"
 #include "boards/views/BenchCombo.h"
-#include "boards/views/BenchView.h"
 #include "memwin/views/MemoryWindows.h"
+#include "tests/views/BenchHand.h"
 #include "tests/views/startedProgram.h"
 
 #include <QAbstractItemView>
@@ -36,33 +36,17 @@ protected:
     }
 
     frmHard& bench() { return *program->hardware(); }
-    BenchPart& part(const char* name, std::size_t index = 0) {
-        BenchPart* found = bench().part(name, index);
-        EXPECT_NE(found, nullptr) << name << index;
-        return *found;
-    }
-    QWidget* viewport() { return bench().view().viewport(); }
-    QPoint at(const BenchPart& part) { return bench().view().mapFromScene(part.sceneBoundingRect().center()); }
+    BenchHand hand() { return BenchHand(bench()); }
+    BenchPart& part(const char* name, std::size_t index = 0) { return hand().part(name, index); }
+    QWidget* viewport() { return hand().viewport(); }
+    QPoint at(const BenchPart& part) { return hand().at(part); }
     QPoint outside() { return bench().view().mapFromScene(QPointF(440, 300)); }
 
-    void press(const BenchPart& part) { QTest::mousePress(viewport(), Qt::LeftButton, {}, at(part)); }
-    void release(QPoint place) { QTest::mouseRelease(viewport(), Qt::LeftButton, {}, place); }
-    void click(const char* name, std::size_t index = 0) {
-        QTest::mouseClick(viewport(), Qt::LeftButton, {}, at(part(name, index)));
-    }
-    // Press, release, and the second press; the release is the caller's.
-    void doublePress(const BenchPart& part) {
-        press(part);
-        release(at(part));
-        const QPointF place = at(part);
-        QMouseEvent second(QEvent::MouseButtonDblClick, place, viewport()->mapToGlobal(place), Qt::LeftButton, Qt::LeftButton,
-                           {});
-        QApplication::sendEvent(viewport(), &second);
-    }
-    void doubleClick(const char* name, std::size_t index = 0) {
-        doublePress(part(name, index));
-        release(at(part(name, index)));
-    }
+    void press(const BenchPart& part) { hand().press(part); }
+    void release(QPoint place) { hand().release(place); }
+    void click(const char* name, std::size_t index = 0) { hand().click(part(name, index)); }
+    void doublePress(const BenchPart& part) { hand().doublePress(part); }
+    void doubleClick(const char* name, std::size_t index = 0) { hand().doubleClick(part(name, index)); }
     int picture(const char* name, std::size_t index = 0) { return part(name, index).shown().number; }
     bool visible(const char* name, std::size_t index = 0) { return part(name, index).isVisible(); }
     std::string labelText(const char* name, std::size_t index = 0) { return bench().label(name, index)->text().toStdString(); }

@@ -1,0 +1,41 @@
+// The list of tours: the learner picks one and starts it. Modal, so that nobody works on a bench that is about to be restarted.
+
+#pragma once
+
+#include "aids/navigation.h"
+
+#include <QDialog>
+
+class QListWidget;
+class QPushButton;
+
+class frmNaviList : public QDialog {
+    Q_OBJECT
+
+public:
+    // `naviIndex` as readNaviIndex gives it.
+    frmNaviList(const std::vector<NaviRecord>& naviIndex, QWidget* owner);
+
+    // Shows the list at the bottom right of the screen, or brings it to the front.
+    void openList();
+
+    QListWidget& lstTitle() { return *lstTitle_; }
+    QPushButton& cmdStart() { return *cmdStart_; }
+    QPushButton& cmdCancel() { return *cmdCancel_; }
+
+signals:
+    // The tour with this number, from 1, was chosen, or 0 from an empty list. The list is still open.
+    void startWanted(std::size_t number);
+    // The list is no longer to be seen.
+    void hidden();
+
+protected:
+    void hideEvent(QHideEvent* event) override;
+
+private:
+    void cmdStart_Click();
+
+    QListWidget* lstTitle_;
+    QPushButton* cmdStart_;
+    QPushButton* cmdCancel_;
+};

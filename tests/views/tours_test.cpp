@@ -1,0 +1,122 @@
+// The tours that come with the program, played from their first page to the last: what a page tells the learner to do is done,
+// and what it promises is checked. What is played stands in the third line of each page, which is never shown. The worked
+// values of the hint pages are played the same way.
+
+#include "aids/views/frmNaviList.h"
+#include "aids/views/frmNavigation.h"
+#include "platform/textFile.h"
+#include "tests/views/TourPlayer.h"
+#include "tests/views/startedProgram.h"
+
+#include <QDir>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRegularExpression>
+
+namespace {
+
+const std::filesystem::path naviData = VRB_ASSETS "/NaviData";
+const std::filesystem::path hintPlays = VRB_ASSETS "/hints/hints.play";
+
+std::vector<NaviRecord> toursOfIndex() {
+    return readNaviIndex(readTextFile(naviData / "NaviIndex.txt").value_or(""),
+                         [](const std::string& name) { return std::filesystem::is_regular_file(naviData / name); });
+}
+
+class Played : public StartedProgram {
+protected:
+    void startPlay() {
+        std::filesystem::copy(naviData, std::filesystem::path(folder.path().toStdString()) / "NaviData");
+        start(makersFile + "OPENWINDOW3=1\r\n");
+        fire();
+        program->versionPanel() != nullptr ? program->versionPanel()->hide() : void();
+        player.emplace(*program);
+    }
+    frmNavigation& tour() { return *program->navigation(); }
+
+    std::optional<TourPlayer> player;
+};
+
+// What a page promises is red: each of its numbers must have been checked by the page's script.
+void promisesAreChecked(const NaviLine& line, const std::vector<std::string>& checked) {
+    static const QRegularExpression number("[0-9A-F]{2,4}(?=H)");
+    for (const TextRun& run : line.runs()) {
+        if (run.colour != TextColour::red) {
+            continue;
+        }
+        EXPECT_FALSE(checked.empty()) << run.text << " is promised, and nothing is checked";
+        for (auto found = number.globalMatch(QString::fromStdString(run.text)); found.hasNext();) {
+            const std::string digits = found.next().captured().toStdString();
+            EXPECT_TRUE(std::any_of(checked.begin(), checked.end(),
+                                    [&](const std::string& statement) { return statement.find(digits) != std::string::npos; }))
+                << digits << "H is promised, and not checked";
+        }
+    }
+}
+
+class Tours : public Played, public testing::WithParamInterface<std::size_t> {};
+
+TEST_P(Tours, keep_what_they_promise) {
+    startPlay();
+    const std::vector<NaviRecord> tours = toursOfIndex();
+    SCOPED_TRACE(tours[GetParam()].fileName);
+    QTest::mouseDClick(&main().label(Tool::navigator), Qt::LeftButton);
+    ASSERT_NE(program->naviList(), nullptr);
+    program->naviList()->lstTitle().setCurrentRow(static_cast<int>(GetParam()) - 1);
+    QTest::mouseClick(&program->naviList()->cmdStart(), Qt::LeftButton);
+    ASSERT_NE(program->navigation(), nullptr) << "its file is missing";
+    main().timTick().setEnabled(false);
+    ASSERT_GE(tour().tour().naviPages, 8);
+    EXPECT_LE(tour().tour().naviPages, 20);
+    EXPECT_EQ(tour().tour().naviLines.size() % linesAPage, 0U);
+    int checks = 0;
+    while (true) {
+        SCOPED_TRACE("page " + tour().lblIndex().toStdString());
+        player->forgetChecked();
+        player->play(std::string(shownLine(tour().tour(), linesShown)));
+        checks += static_cast<int>(player->checked().size());
+        for (std::size_t row = 0; row < linesShown; ++row) {
+            promisesAreChecked(tour().picNav(row), player->checked());
+            EXPECT_LE(tour().picNav(row).textWidth(), tour().picNav(row).width()) << "line " << row << " is cut off";
+        }
+        if (!hasPageBehind(tour().tour())) {
+            break;
+        }
+        QTest::mouseClick(&tour().cmdAction(frmNavigation::actionNext), Qt::LeftButton);
+    }
+    EXPECT_GE(checks, 5) << "a tour shows something";
+}
+
+GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(Tours);
+INSTANTIATE_TEST_SUITE_P(Navigator, Tours, testing::Range<std::size_t>(1, toursOfIndex().size()));
+
+TEST_F(Played, worked_values_of_the_hint_pages_hold) {
+    const std::optional<std::string> plays = readTextFile(hintPlays);
+    if (!plays) {
+        GTEST_SKIP() << "no pages yet";
+    }
+    std::set<QString> pages;
+    for (const QString& line : QString::fromStdString(*plays).split('\n')) {
+        const QString text = line.trimmed();
+        if (text.isEmpty() || text.startsWith(';')) {
+            continue;
+        }
+        SCOPED_TRACE(text.toStdString());
+        const auto end = text.indexOf(']');
+        ASSERT_TRUE(text.startsWith('[') && end > 0);
+        pages.insert(text.mid(1, end - 1));
+        if (program == nullptr) {
+            startPlay();
+        } else {
+            Mdef_Set(machine());
+            program->restartMachine();
+        }
+        player->forgetChecked();
+        player->play("wait 1");
+        player->play(text.mid(end + 1).toStdString());
+        EXPECT_FALSE(player->checked().empty());
+    }
+    EXPECT_EQ(pages.size(), 12U) << "a page without a worked value";
+}
+
+}  // namespace
