@@ -2,7 +2,6 @@
 
 #include "platform/labels.h"
 #include "platform/look.h"
-#include "platform/pictureFile.h"
 #include "platform/textFile.h"
 
 #include <QButtonGroup>
@@ -43,12 +42,10 @@ frmHint::frmHint(const std::filesystem::path& folder, QWidget* owner)
 void frmHint::initHint() {
     pages_ = readHintList(readTextFile(fileInFolder(hintPath_, "RegsterHint.TXT")).value_or(std::string()));
     for (const HintPage& page : pages_) {
-        QString reason;
-        ilsHint_.push_back(readPicture(hintPath_, textOf(page.picture), reason));
-        reasons_.push_back(reason);
+        ilsHint_.push_back(loadPicture(hintPath_, textOf(page.picture), devicePixelRatioF()));
     }
     if (pages_.empty()) {
-        reasons_.push_back(QStringLiteral("HintData に RegsterHint.TXT が見つかりません。"));
+        reason_ = QStringLiteral("HintData に RegsterHint.TXT が見つかりません。");
     }
     makeTabs();
     showPage(0);
@@ -89,8 +86,11 @@ void frmHint::showHintFor(const QString& name) {
 
 void frmHint::showPage(int page) {
     const auto index = static_cast<std::size_t>(page);
-    picture_ = index < ilsHint_.size() ? QPixmap::fromImage(ilsHint_[index]) : QPixmap();
-    const QSize size = picture_.isNull() ? emptyPage : picture_.size();
+    if (index < ilsHint_.size()) {
+        picture_ = QPixmap::fromImage(decodePicture(ilsHint_[index], textOf(pages_[index].picture)));
+        reason_ = ilsHint_[index].reason;
+    }
+    const QSize size = picture_.isNull() ? emptyPage : picture_.deviceIndependentSize().toSize();
     const int tabsWidth = tabsInARow * tabPitch.width() - (tabPitch.width() - tabSize.width());
     setFixedSize(std::max(size.width(), tabsWidth) + 2 * inset, size.height() + tabsHeight(pageCount()) + 3 * inset);
     update();
@@ -124,7 +124,5 @@ void frmHint::paintEvent(QPaintEvent* /*event*/) {
     painter.fillRect(place, Qt::white);
     painter.setFont(look::textFont(14));
     painter.setPen(QColor::fromRgb(look::secondInk));
-    const auto index = static_cast<std::size_t>(std::max(page(), 0));
-    painter.drawText(place.adjusted(12, 12, -12, -12), Qt::AlignCenter | Qt::TextWordWrap,
-                     index < reasons_.size() ? reasons_[index] : QString());
+    painter.drawText(place.adjusted(12, 12, -12, -12), Qt::AlignCenter | Qt::TextWordWrap, reason_);
 }

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "aids/hintPages.h"
+#include "platform/pictureFile.h"
 
 #include <QPixmap>
 #include <QWidget>
@@ -44,8 +45,8 @@ private:
 
     std::filesystem::path hintPath_;
     std::vector<HintPage> pages_;
-    std::vector<QImage> ilsHint_;
-    std::vector<QString> reasons_;  // why a page has no picture
+    std::vector<PictureFile> ilsHint_;  // read at the start, and decoded when the learner turns to it
+    QString reason_;                    // why the page has no picture
     QButtonGroup* tabHint_;
     QPixmap picture_;
 };

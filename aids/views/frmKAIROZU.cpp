@@ -28,13 +28,19 @@ frmKAIROZU::frmKAIROZU(const Machine& machine, const std::filesystem::path& fold
 
 void frmKAIROZU::load() {
     const Diagram diagram = diagramFor(machine_, kairozuIndex_);
-    picKAIROZU_ = QPixmap::fromImage(readPicture(folder_, textOf(diagram.picture), message_));
+    const auto picture = [this](const std::string& name, QString& reason) {
+        PictureFile file = loadPicture(folder_, textOf(name), devicePixelRatioF());
+        const QImage decoded = decodePicture(file, textOf(name));
+        reason = file.reason;
+        return QPixmap::fromImage(decoded);
+    };
+    picKAIROZU_ = picture(diagram.picture, message_);
     picHalf_ = {};
     if (!diagram.overlay.empty() && !picKAIROZU_.isNull()) {
         QString ignored;  // without its overlay the diagram is still worth seeing
-        picHalf_ = QPixmap::fromImage(readPicture(folder_, textOf(diagram.overlay), ignored));
+        picHalf_ = picture(diagram.overlay, ignored);
     }
-    setFixedSize(picKAIROZU_.isNull() ? emptySize : picKAIROZU_.size());
+    setFixedSize(picKAIROZU_.isNull() ? emptySize : picKAIROZU_.deviceIndependentSize().toSize());
     setAccessibleName(textOf(diagram.picture));
     update();
 }

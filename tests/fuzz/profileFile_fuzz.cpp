@@ -2,17 +2,11 @@
 // them and read again, a second save changes nothing, and what is not a setting keeps its value.
 
 #include "config/settings.h"
+#include "tests/fuzz/demand.h"
 
 #include <array>
-#include <cstdlib>
 
 namespace {
-
-void demand(bool holds) {
-    if (!holds) {
-        std::abort();
-    }
-}
 
 constexpr std::array<std::pair<const char*, const char*>, 4> notOurs{
     {{"INIT", "CLOCK-QDA60"}, {"INIT", "MINE"}, {"MINE", "CPUTYPE"}, {"", "CPUTYPE"}}};

@@ -1,0 +1,70 @@
+#include "aids/navigation.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using Runs = std::vector<TextRun>;
+constexpr auto black = TextColour::black;
+constexpr auto blue = TextColour::blue;
+constexpr auto red = TextColour::red;
+
+TEST(Navigation, markers_colour_what_stands_behind_them) {
+    struct Row {
+        const char* line;
+        Runs runs;
+    };
+    const std::initializer_list<Row> rows{
+        {"ABC#DEF&GHI", {{black, "ABC"}, {blue, "DEF"}, {black, "GHI"}}},
+        {"\\WARN&", {{red, "WARN"}}},
+        {"plain", {{black, "plain"}}},
+        {"#", {}},
+        {"&#\\", {}},
+        {"#\\&\\赤", {{red, "赤"}}},
+        {"青は#青&、赤は\\赤", {{black, "青は"}, {blue, "青"}, {black, "、赤は"}, {red, "赤"}}},
+        {"", {}},
+    };
+    for (const Row& row : rows) {
+        EXPECT_EQ(markedRuns(row.line), row.runs) << row.line;
+    }
+}
+
+TEST(Navigation, a_tour_is_read_in_groups_of_three) {
+    Tour tour = readTour("1\r\n2\r\n3\r\n4\r\n5\r\n6\r\n7\r\n");
+    EXPECT_EQ(tour.naviPages, 2) << "line 7 is never shown";
+    EXPECT_FALSE(hasPageBefore(tour));
+    turnPage(tour, -1);
+    EXPECT_EQ(tour.naviPage, 1);
+    turnPage(tour, 1);
+    EXPECT_FALSE(hasPageBehind(tour));
+    turnPage(tour, 1);
+    EXPECT_EQ(tour.naviPage, 2);
+    EXPECT_EQ(shownLine(tour, 0), "4");
+    EXPECT_EQ(shownLine(tour, 1), "5");
+    EXPECT_EQ(readTour("a\n\nc\n\n\n").naviPages, 1) << "an empty line is a line";
+    EXPECT_EQ(readTour("a\n\nc\n\n\n\n").naviPages, 2);
+    // Fewer lines than a page: what there is.
+    const Tour oneLine = readTour("only");
+    EXPECT_EQ(oneLine.naviPages, 0);
+    EXPECT_FALSE(hasPageBehind(oneLine));
+    EXPECT_EQ(shownLine(oneLine, 0), "only");
+    EXPECT_EQ(shownLine(oneLine, 1), "");
+    EXPECT_EQ(shownLine(readTour(""), 0), "");
+    EXPECT_EQ(readTour(std::string(300000, '\n')).naviPages, 32767) << "as many as the number can tell";
+}
+
+TEST(Navigation, the_index_names_a_tour_a_line) {
+    const auto index =
+        readNaviIndex("; comment\tx\ty\r\nT1.txt\tFirst\tnote\tmore\r\ntwo\tfields\r\n\r\nT2.txt\t二番目\t\r\n;T3.txt\tThird\t\n",
+                      [](const std::string& name) { return name == "T2.txt"; });
+    ASSERT_EQ(index.size(), 3U);
+    EXPECT_EQ(index[0].fileName, "");
+    EXPECT_FALSE(index[0].fileFound);
+    EXPECT_EQ(index[1].fileName, "T1.txt");
+    EXPECT_EQ(index[1].remark, "note\tmore");
+    EXPECT_FALSE(index[1].fileFound);
+    EXPECT_EQ(index[2].title, "二番目");
+    EXPECT_TRUE(index[2].fileFound);
+}
+
+}  // namespace

@@ -1,0 +1,11 @@
+// What a fuzz target demands of its result, whatever the input.
+
+#pragma once
+
+#include <cstdlib>
+
+inline void demand(bool holds) {
+    if (!holds) {
+        std::abort();
+    }
+}

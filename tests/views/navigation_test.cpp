@@ -1,0 +1,178 @@
+#include "aids/views/frmNaviList.h"
+#include "aids/views/frmNavigation.h"
+#include "platform/screen.h"
+#include "tests/views/startedProgram.h"
+
+#include <QDir>
+#include <QListWidget>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QScreen>
+
+namespace {
+
+class Navigator : public StartedProgram {
+protected:
+    void makeFile(const char* name, const QByteArray& bytes) {
+        QDir().mkpath(folder.filePath("NaviData"));
+        QFile file(folder.filePath("NaviData/") + name);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+    }
+    // Six lines, seven lines, none; one that is missing; a folder; one that is too large.
+    void startWithTours() {
+        makeFile("NaviIndex.txt",
+                 "; tours\r\nsix.txt\tSix\t-\r\nSEVEN.TXT\tSeven\t-\r\nempty.txt\tEmpty\t-\r\ngone.txt\tGone\t-\r\n"
+                 "folder\tFolder\t-\r\nhuge.txt\tHuge\t-\r\nno title\r\n");
+        makeFile("six.txt", "a#b&c\r\nlower\r\nno\r\nd\r\n\\e\r\nno\r\n");
+        makeFile("seven.txt", "\x88\xea\r\n2\r\n3\r\n4\r\n5\r\n6\r\n7\r\n");  // the Japanese code page
+        makeFile("empty.txt", "");
+        makeFile("huge.txt", QByteArray(5 << 20, '\n'));
+        QDir().mkpath(folder.filePath("NaviData/folder"));
+        start();
+        fire();
+        closePanel();
+    }
+    void closePanel() {
+        if (program->versionPanel() != nullptr) {
+            program->versionPanel()->hide();
+        }
+    }
+    void pointNavigator() { QTest::mouseDClick(&main().label(Tool::navigator), Qt::LeftButton); }
+    frmNaviList& list() { return *program->naviList(); }
+    bool listUp() { return program->naviList() != nullptr && list().isVisible(); }
+    frmNavigation& tour() { return *program->navigation(); }
+    bool tourUp() { return program->navigation() != nullptr && tour().isVisible(); }
+    void startTour(int row) {
+        pointNavigator();
+        list().lstTitle().setCurrentRow(row);
+        QTest::mouseClick(&list().cmdStart(), Qt::LeftButton);
+        main().timTick().setEnabled(false);
+    }
+    void press(frmNavigation::Action action) { QTest::mouseClick(&tour().cmdAction(action), Qt::LeftButton); }
+    // "b" black, "B" blue, "R" red, before each run.
+    std::string shown(std::size_t row) {
+        std::string text;
+        for (const TextRun& run : tour().picNav(row).runs()) {
+            text += std::string(1, "bBR"[static_cast<int>(run.colour)]) + run.text;
+        }
+        return text;
+    }
+    std::string notice() {
+        auto* box = list().findChild<QMessageBox*>("naviNotice");
+        if (box == nullptr || !box->isVisible()) {
+            return "";
+        }
+        const std::string text = box->windowTitle().toStdString() + ": " + box->text().toStdString();
+        QTest::keyClick(box, Qt::Key_Return);
+        QApplication::processEvents();
+        return text;
+    }
+};
+
+TEST_F(Navigator, a_tour_starts_on_the_makers_bench_and_turns_its_pages) {
+    startWithTours();
+    machine().boardSA[saQDA73] = 9;
+    machine().openWindowDefault[1] = 0;
+    pointNavigator();
+    ASSERT_TRUE(listUp());
+    EXPECT_EQ(list().windowModality(), Qt::ApplicationModal);
+    EXPECT_EQ(main().label(Tool::navigator).cursor().shape(), Qt::ArrowCursor);
+    EXPECT_EQ(list().lstTitle().count(), 6);
+    EXPECT_EQ(list().lstTitle().currentRow(), 0);
+    EXPECT_NEAR(list().frameGeometry().right() + 1, list().screen()->geometry().right() + 1 - 3, 4) << "less its frame";
+    QTest::mouseClick(&list().cmdCancel(), Qt::LeftButton);
+    EXPECT_FALSE(listUp() || tourUp());
+    EXPECT_EQ(main().label(Tool::navigator).cursor().shape(), Qt::BitmapCursor);
+    EXPECT_EQ(machine().boardSA[saQDA73], 9) << "Cancel does nothing else";
+
+    const frmHard* bench = program->hardware();
+    startTour(0);
+    EXPECT_FALSE(listUp());
+    ASSERT_TRUE(tourUp());
+    EXPECT_EQ(machine().boardSA[saQDA73], 1);
+    EXPECT_EQ(machine().runMode, modeRun);
+    EXPECT_NE(program->hardware(), bench) << "the machine started anew";
+    EXPECT_TRUE(tour().windowFlags() & Qt::WindowStaysOnTopHint);
+    EXPECT_EQ(tour().lblIndex(), "1/2");
+    EXPECT_EQ(shown(0), "baBbbc");
+    EXPECT_EQ(shown(1), "blower");
+    EXPECT_FALSE(tour().cmdAction(frmNavigation::actionBack).isEnabled());
+    press(frmNavigation::actionNext);
+    EXPECT_EQ(tour().lblIndex(), "2/2");
+    EXPECT_EQ(shown(0), "bd");
+    EXPECT_EQ(shown(1), "Re");
+    EXPECT_FALSE(tour().cmdAction(frmNavigation::actionNext).isEnabled());
+    press(frmNavigation::actionNext);
+    EXPECT_EQ(tour().lblIndex(), "2/2");
+    QTest::keyClick(&tour(), Qt::Key_PageUp);
+    EXPECT_EQ(tour().lblIndex(), "1/2");
+
+    press(frmNavigation::actionMenu);
+    EXPECT_TRUE(listUp());
+    EXPECT_FALSE(tourUp());
+    QTest::keyClick(&list(), Qt::Key_Escape);
+    EXPECT_FALSE(listUp() || tourUp()) << "paused";
+    bench = program->hardware();
+    startTour(1);
+    EXPECT_NE(program->hardware(), bench) << "every tour starts the machine anew";
+    EXPECT_EQ(tour().lblIndex(), "1/2") << "of seven lines";
+    EXPECT_EQ(shown(0), "b一") << "found in any case, and read in its code page";
+    press(frmNavigation::actionEnd);
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(program->navigation(), nullptr);
+    startTour(0);
+    tour().close();
+    EXPECT_EQ(program->navigation(), nullptr);
+}
+
+TEST_F(Navigator, files_that_are_no_tours_do_no_harm) {
+    startWithTours();
+    const frmHard* bench = program->hardware();
+    for (const int missing : {3, 4}) {
+        startTour(missing);
+        EXPECT_EQ(notice(), "確認: ファイルが見つかりません。");
+        EXPECT_TRUE(listUp()) << "the learner stays in the list";
+    }
+    EXPECT_EQ(program->hardware(), bench);
+    startTour(2);
+    EXPECT_EQ(tour().lblIndex(), "1/0");
+    EXPECT_EQ(shown(0), "");
+    startTour(5);
+    EXPECT_EQ(shown(0), "bhuge.txt を読めません。");
+    QFile::remove(folder.filePath("NaviData/six.txt"));
+    startTour(0);
+    EXPECT_EQ(shown(0), "bsix.txt を読めません。") << "it has gone since the index was read";
+    EXPECT_FALSE(tour().cmdAction(frmNavigation::actionNext).isEnabled());
+}
+
+TEST_F(Navigator, waits_for_the_version_panel_and_lives_without_an_index) {
+    start();
+    fire();
+    program->versionPanel()->open();
+    pointNavigator();
+    EXPECT_EQ(program->naviList(), nullptr);
+    closePanel();
+    pointNavigator();
+    ASSERT_TRUE(listUp());
+    EXPECT_EQ(list().lstTitle().count(), 0);
+    QTest::mouseClick(&list().cmdStart(), Qt::LeftButton);
+    EXPECT_EQ(notice(), "確認: ファイルが見つかりません。");
+}
+
+TEST_F(Navigator, the_tour_window_keeps_to_its_corner) {
+    startWithTours();
+    startTour(0);
+    EXPECT_EQ(tour().width(), 747);
+    const int right = tour().frameGeometry().right();
+    const int bottom = tour().frameGeometry().bottom();
+    const int next = tour().cmdAction(frmNavigation::actionNext).width();
+    tour().resize(780, tour().height());
+    EXPECT_EQ(tour().frameGeometry().right(), right);
+    EXPECT_EQ(tour().frameGeometry().bottom(), bottom);
+    EXPECT_EQ(tour().cmdAction(frmNavigation::actionNext).width(), next + 33) << "Next takes what there is";
+    EXPECT_EQ(tour().picNav(0).width(), 780 - 14);
+    EXPECT_EQ(tour().cmdAction(frmNavigation::actionEnd).geometry().right() + 1, 780 - 14);
+}
+
+}  // namespace
