@@ -17,19 +17,20 @@ Sound::~Sound() = default;
 
 bool Sound::open([[maybe_unused]] const QString& file) {
     effect_.reset();
+    file_.clear();
 #ifdef VRB_MULTIMEDIA
-    // The file comes first: asking for devices is what costs time.
-    if (!QFileInfo(file).isFile() || QMediaDevices::defaultAudioOutput().isNull()) {
-        return false;
+    if (QFileInfo(file).isFile()) {
+        file_ = file;
     }
-    effect_ = std::make_unique<QSoundEffect>();
-    effect_->setSource(QUrl::fromLocalFile(file));
 #endif
-    return effect_ != nullptr;
+    return !file_.isEmpty();
 }
 
 void Sound::playBeep() {
 #ifdef VRB_MULTIMEDIA
+    if (effect_ == nullptr && !file_.isEmpty()) {
+        openDevice();
+    }
     if (effect_ != nullptr && effect_->status() != QSoundEffect::Error) {
         effect_->stop();
         effect_->play();
@@ -37,4 +38,15 @@ void Sound::playBeep() {
     }
 #endif
     QApplication::beep();
+}
+
+void Sound::openDevice() {
+#ifdef VRB_MULTIMEDIA
+    if (QMediaDevices::defaultAudioOutput().isNull()) {
+        file_.clear();
+        return;
+    }
+    effect_ = std::make_unique<QSoundEffect>();
+    effect_->setSource(QUrl::fromLocalFile(file_));
+#endif
 }

@@ -15,12 +15,16 @@ public:
     Sound(const Sound&) = delete;
     Sound& operator=(const Sound&) = delete;
 
-    // Opens the device with a wave file. False, and nothing else, when there is no device or no such file.
+    // Takes a wave file. False, and nothing else, when there is no such file. The device is asked for at the first beep: that
+    // takes longer than the whole start of the program, and many a session never beeps.
     bool open(const QString& file);
 
-    // From the start of the file, also when it is still sounding. The system's beep when nothing is open.
+    // From the start of the file, also when it is still sounding. The system's beep without a file or a device.
     void playBeep();
 
 private:
+    void openDevice();
+
+    QString file_;
     std::unique_ptr<QSoundEffect> effect_;
 };

@@ -41,30 +41,28 @@ int topOfRow(int row) {
     return headingHeight + (row - 1) * rowHeight;
 }
 
+QColor groundOf(int row) {
+    return row % 2 == 0 ? QColor::fromRgb(look::zebra) : QColor(Qt::white);
+}
+
 }  // namespace
 
 // --- one value -------------------------------------------------------------------------------------------------------
 
-RegisterCell::RegisterCell(const QString& text, QWidget* parent) : QLabel(text, parent) {
+RegisterCell::RegisterCell(const QString& text, QColor ground, QWidget* parent) : QWidget(parent), text_(text), ground_(ground) {
     setFont(look::hexFont(12));
     setCursor(doubleClickPointer());
     setFocusPolicy(Qt::StrongFocus);
-    setTextFormat(Qt::PlainText);
-    colour(false);
+    setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
 void RegisterCell::show(const QString& text, bool red) {
-    setText(text);
-    if (red != red_) {
-        colour(red);
-    }
-}
-
-void RegisterCell::colour(bool red) {
+    text_ = text;
     red_ = red;
-    QPalette colours = palette();
-    colours.setColor(QPalette::WindowText, QColor::fromRgb(red ? look::changed : look::unchanged));
-    setPalette(colours);
+    if (hasFocus()) {
+        setAccessibleDescription(text);
+    }
+    update();
 }
 
 void RegisterCell::mouseDoubleClickEvent(QMouseEvent* event) {
@@ -82,7 +80,7 @@ void RegisterCell::keyPressEvent(QKeyEvent* event) {
         case Qt::Key_Down: emit moveWanted(1, 0); break;
         case Qt::Key_Left: emit moveWanted(0, -1); break;
         case Qt::Key_Right: emit moveWanted(0, 1); break;
-        default: QLabel::keyPressEvent(event);
+        default: QWidget::keyPressEvent(event);
     }
 }
 
@@ -91,13 +89,22 @@ void RegisterCell::focusInEvent(QFocusEvent* event) {
     if (event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason) {
         ring_ = event->reason() != Qt::MouseFocusReason;
     }
-    QLabel::focusInEvent(event);
+    setAccessibleDescription(text_);
+    update();
+    QWidget::focusInEvent(event);
 }
 
-void RegisterCell::paintEvent(QPaintEvent* event) {
-    QLabel::paintEvent(event);
+void RegisterCell::focusOutEvent(QFocusEvent* event) {
+    update();
+    QWidget::focusOutEvent(event);
+}
+
+void RegisterCell::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    painter.fillRect(rect(), ground_);
+    painter.setPen(QColor::fromRgb(red_ ? look::changed : look::unchanged));
+    painter.drawText(0, (height() + fontMetrics().ascent() - fontMetrics().descent()) / 2, text_);
     if (ring_ && hasFocus()) {
-        QPainter painter(this);
         painter.setPen(QColor(0x1c, 0x5f, 0xb0));
         painter.drawRect(rect().adjusted(0, 1, -1, -2));
     }
@@ -138,7 +145,7 @@ void frmRegister::makeRow(int row) {
         const bool binary = column >= binHigh;
         const Half half = column % 2 == 0 ? Half::high : Half::low;
         const QString blank = column == binHigh ? " " : "";
-        auto* cell = new RegisterCell(blank + (binary ? "0000_0000" : "00"), this);
+        auto* cell = new RegisterCell(blank + (binary ? "0000_0000" : "00"), groundOf(row), this);
         cell->setObjectName(QStringLiteral("%1%2").arg(places[column].name).arg(row));
         cell->setAccessibleName(QStringLiteral("%1 %2").arg(name, half == Half::high ? "15-8" : "7-0"));
         cell->setGeometry(cellPlace(places[column], cell->font(), topOfRow(row)));
@@ -195,6 +202,6 @@ void frmRegister::paintEvent(QPaintEvent* /*event*/) {
     painter.setPen(QColor(0xd0, 0xd9, 0xd4));
     painter.drawLine(nameLeft, headingHeight - 1, lineRight, headingHeight - 1);
     for (int row = 2; row <= registerRows; row += 2) {
-        painter.fillRect(0, topOfRow(row), width(), rowHeight, QColor::fromRgb(look::zebra));
+        painter.fillRect(0, topOfRow(row), width(), rowHeight, groundOf(row));
     }
 }

@@ -6,17 +6,18 @@
 #include "access/registerView.h"
 #include "platform/Timer.h"
 
-#include <QLabel>
 #include <QWidget>
 
-// One value of the window: a half of a register, in hexadecimal or binary.
-class RegisterCell : public QLabel {
+// One value of the window: a half of a register, in hexadecimal or binary. Painted by itself on its own ground: SSR changes with
+// every firing, and nothing else is to be painted for it.
+class RegisterCell : public QWidget {
     Q_OBJECT
 
 public:
-    RegisterCell(const QString& text, QWidget* parent);
+    RegisterCell(const QString& text, QColor ground, QWidget* parent);
 
     void show(const QString& text, bool red);
+    const QString& text() const { return text_; }
     bool red() const { return red_; }
 
 signals:
@@ -27,11 +28,12 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    void colour(bool red);
-
+    QString text_;
+    QColor ground_;
     bool red_ = false;
     bool ring_ = false;
 };

@@ -14,6 +14,7 @@ namespace {
 
 constexpr QSize listSize{440, 264};
 constexpr int rowHeight = 24;
+constexpr int buttonWidth = 136;
 constexpr int gap = 10;
 
 QLabel* makeCaption(const char* text, QWidget* parent) {
@@ -28,6 +29,7 @@ QPushButton* makeButton(const char* name, const char* caption, QWidget* parent) 
     button->setObjectName(name);
     button->setFont(look::interfaceFont(12));
     button->setProperty("dialogButton", true);
+    button->setMinimumWidth(buttonWidth);
     return button;
 }
 

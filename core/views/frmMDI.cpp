@@ -12,6 +12,7 @@
 #include <QLabel>
 #include <QMdiArea>
 #include <QMessageBox>
+#include <QPainter>
 #include <QVBoxLayout>
 
 namespace {
@@ -46,6 +47,35 @@ QFrame* makeDivider(QWidget* parent) {
 }
 
 }  // namespace
+
+// The track of the tick bar. It paints the ground of the strip as well: the bar moves with every firing, and nothing else is to
+// be painted for it.
+class TickTrack : public QWidget {
+public:
+    explicit TickTrack(QWidget* parent) : QWidget(parent) { setAttribute(Qt::WA_OpaquePaintEvent); }
+
+    void showBar(const TickBar& bar) {
+        bar_ = bar;
+        update();
+    }
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        QPainter painter(this);
+        painter.fillRect(rect(), QColor::fromRgb(look::toolStrip));
+        fillRounded(painter, rect(), QColor(0xc9, 0xd4, 0xce));
+        fillRounded(painter, {bar_.left, 0, bar_.width, tickBarHeight}, QColor::fromRgb(look::brandGreen));
+    }
+
+private:
+    // A corner of one pixel: all that a bar of four pixels has to round.
+    static void fillRounded(QPainter& painter, QRect bar, QColor colour) {
+        painter.fillRect(bar.adjusted(1, 0, -1, 0), colour);
+        painter.fillRect(bar.adjusted(0, 1, 0, -1), colour);
+    }
+
+    TickBar bar_;
+};
 
 frmMDI::frmMDI(Machine& machine) : machine_(machine) {
     setObjectName("frmMDI");
@@ -131,12 +161,8 @@ QWidget* frmMDI::makeRunModes() {
         connect(label, &ToolLabel::mouseUp, this, &frmMDI::lblRunMode_MouseUp);
     }
 
-    auto* track = new QFrame(box);
-    track->setGeometry(0, 39, tickTrackWidth, tickBarHeight);
-    track->setStyleSheet("background: #c9d4ce; border-radius: 2px;");
-    shpTick_ = new QFrame(track);
-    shpTick_->setObjectName("shpTick");
-    shpTick_->setStyleSheet("background: #1f7348; border-radius: 2px;");
+    shpTick_ = new TickTrack(box);
+    shpTick_->setGeometry(0, 39, tickTrackWidth, tickBarHeight);
     return box;
 }
 
@@ -173,7 +199,7 @@ void frmMDI::follow(const Firing& firing) {
 }
 
 void frmMDI::showTickBar() {
-    shpTick_->setGeometry(tickBar_.left, 0, tickBar_.width, tickBarHeight);
+    shpTick_->showBar(tickBar_);
 }
 
 void frmMDI::closeEvent(QCloseEvent* event) {

@@ -11,7 +11,7 @@
 #include <QMainWindow>
 #include <QPointer>
 
-class QFrame;
+class TickTrack;
 class QLabel;
 class QMdiArea;
 class QMessageBox;
@@ -64,7 +64,7 @@ private:
     Timer timTick_;
     std::array<ToolLabel*, toolCount> labels_{};
     std::array<ToolLabel*, runModes.size()> lblRunMode_{};
-    QFrame* shpTick_ = nullptr;
+    TickTrack* shpTick_ = nullptr;
     QMdiArea* area_ = nullptr;
     QPointer<QMessageBox> exitQuestion_;
 };

@@ -26,7 +26,7 @@ private:
 };
 
 QRect tickBar(frmMDI& main) {
-    return main.findChild<QFrame*>("shpTick")->geometry();
+    return {main.tickBar().left, 0, main.tickBar().width, 4};
 }
 
 TEST_F(MainWindow, comes_up_running_with_a_scan_of_stations_1_to_4) {
