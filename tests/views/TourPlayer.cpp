@@ -120,6 +120,8 @@ void TourPlayer::playStatement(const std::string& statement) {
         {"set", [](TourPlayer& p, const Words& w) { p.set(w); }},
         {"read", [](TourPlayer& p, const Words& w) { p.read(w); }},
         {"serial", [](TourPlayer& p, const Words& w) { p.serial(w); }},
+        {"point", [](TourPlayer& p, const Words& w) { p.point(w); }},
+        {"double", [](TourPlayer& p, const Words& w) { p.doubleClickCell(w.at(0)); }},
         {"ok", [](TourPlayer& p, const Words& /*w*/) { p.answer(Qt::Key_Return); }},
         {"cancel", [](TourPlayer& p, const Words& /*w*/) { p.answer(Qt::Key_Escape); }},
     };
@@ -136,6 +138,16 @@ void TourPlayer::playStatement(const std::string& statement) {
          [](TourPlayer& p, const Words& w) {
              EXPECT_EQ(p.program_.memoryWindows()->readDialog().findChild<QLabel*>("lblData")->text().toStdString(), w.at(0));
          }},
+        {"bus",
+         [](TourPlayer& p, const Words& w) {
+             const frmDump& dump = *p.program_.memoryWindows()->window(Area::controlDoDi);
+             EXPECT_EQ(wordsOf(dump.findChild<QLabel*>("lblCPUType")->text().toStdString()), w);
+         }},
+        {"sa", [](TourPlayer& p, const Words& w) { p.stationAddress(w); }},
+        {"cycle", [](TourPlayer& p, const Words& w) { p.cycle(w); }},
+        {"moves", [](TourPlayer& p, const Words& w) { EXPECT_TRUE(p.movesWithin(w.at(0))); }},
+        {"still", [](TourPlayer& p, const Words& w) { EXPECT_FALSE(p.movesWithin(w.at(0))); }},
+        {"differs", [](TourPlayer& p, const Words& w) { EXPECT_NE(p.shownBy(w.at(0)), w.at(1)); }},
         {"silent", [](TourPlayer& p, const Words& /*w*/) { EXPECT_EQ(p.said(), ""); }},
     };
     const auto blank = statement.find(' ');
@@ -158,7 +170,10 @@ void TourPlayer::playStatement(const std::string& statement) {
 
 BenchHand TourPlayer::hand() {
     frmHard& bench = *program_.hardware();
+    // A click on the bench brings the main window to the front.
+    program_.mainWindow()->activateWindow();
     program_.mainWindow()->area().setActiveSubWindow(&bench);
+    QApplication::processEvents();
     return BenchHand(bench);
 }
 
@@ -188,7 +203,7 @@ void TourPlayer::pick(const Words& words) {
     ASSERT_NE(box, nullptr);
     ASSERT_TRUE(box->isOpen()) << "nothing has opened it";
     for (int item = 0; item < box->count(); ++item) {
-        if (box->itemText(item).trimmed().toStdString() == wanted.value) {
+        if (box->itemText(item).simplified().toStdString() == wanted.value) {
             box->setFocus();
             box->setCurrentIndex(item);
             emit box->activated(item);
@@ -299,24 +314,32 @@ void enter(QWidget& dialog, const std::string& value) {
 
 }  // namespace
 
-void TourPlayer::write(const Words& words) {
+void TourPlayer::point(const Words& words) {
     ASSERT_TRUE(program_.registerWindow() != nullptr && program_.registerWindow()->isVisible()) << "the register window is shut";
     const RegisterName name = registerOf(words.at(0));
     const auto column = name.half == Half::high ? frmRegister::valHigh : frmRegister::valLow;
     QTest::mouseDClick(&program_.registerWindow()->cell(name.row, column), Qt::LeftButton);
+}
+
+void TourPlayer::write(const Words& words) {
+    point(words);
     enter(*program_.registerDialog(), words.at(1));
 }
 
-void TourPlayer::set(const Words& words) {
-    const int address = hexOf(words.at(0));
-    const auto row = std::find_if(dumpAreas.begin(), dumpAreas.end(), [address](const DumpArea& area) {
-        return address >= area.firstByte && address < area.firstByte + area.cells;
+DumpGrid& TourPlayer::doubleClickCell(const std::string& address) {
+    const int place = hexOf(address);
+    const auto row = std::find_if(dumpAreas.begin(), dumpAreas.end(), [place](const DumpArea& area) {
+        return place >= area.firstByte && place < area.firstByte + area.cells;
     });
-    ASSERT_NE(row, dumpAreas.end()) << "no memory there";
     frmDump& dump = *program_.memoryWindows()->window(row->area);
-    ASSERT_TRUE(dump.isVisible()) << "its dump window is shut";
-    const int cell = addressToLabel(program_.machine(), address - row->firstByte);
+    EXPECT_TRUE(dump.isVisible()) << "its dump window is shut";
+    const int cell = addressToLabel(program_.machine(), place - row->firstByte);
     QTest::mouseDClick(&dump.grid(), Qt::LeftButton, {}, dump.grid().cellRect(cell, DumpGrid::Side::data).center());
+    return dump.grid();
+}
+
+void TourPlayer::set(const Words& words) {
+    doubleClickCell(words.at(0));
     enter(program_.memoryWindows()->writeDialog(), words.at(1));
 }
 
@@ -345,13 +368,60 @@ void TourPlayer::serial(const Words& words) {
     EXPECT_FALSE(dialog.isVisible());
 }
 
-void TourPlayer::reg(const Words& words) {
-    const RegisterName name = registerOf(words.at(0));
+std::string TourPlayer::shownBy(const std::string& register_) {
+    const RegisterName name = registerOf(register_);
     frmRegister* window = program_.registerWindow();
-    ASSERT_TRUE(window != nullptr && window->isVisible()) << "the register window is shut";
+    EXPECT_TRUE(window != nullptr && window->isVisible()) << "the register window is shut";
     const std::string high = window->cell(name.row, frmRegister::valHigh).text().toStdString();
     const std::string low = window->cell(name.row, frmRegister::valLow).text().toStdString();
-    EXPECT_EQ(!name.half ? high + low : *name.half == Half::high ? high : low, words.at(1));
+    return !name.half ? high + low : *name.half == Half::high ? high : low;
+}
+
+void TourPlayer::reg(const Words& words) {
+    EXPECT_EQ(shownBy(words.at(0)), words.at(1));
+}
+
+// The boards by their captions: where in picSA their two switches stand. Board-3 has none and follows Board-2.
+void TourPlayer::stationAddress(const Words& words) {
+    const int board = std::stoi(words.at(0));
+    const auto first = std::map<int, std::size_t>{{1, 2}, {2, 0}, {3, 0}, {4, 4}}.at(board);
+    const auto digit = [this](std::size_t index) { return hand().part("picSA", index).shown().number - 1; };
+    if (board == 3) {
+        EXPECT_TRUE(hand().part("picBridge").isVisible());
+    }
+    const int address = 16 * digit(first) + digit(first + 1) + (board == 3 ? 1 : 0);
+    EXPECT_EQ(hexText(static_cast<unsigned>(address), 2), words.at(1));
+}
+
+void TourPlayer::cycle(const Words& words) {
+    const Words values(words.begin() + 1, words.end());
+    std::string last;
+    for (std::size_t click = 0; click <= values.size(); ++click) {
+        mode({"1-Time"});
+        const std::string now = shownBy(words.at(0));
+        const auto place = std::find(values.begin(), values.end(), now);
+        ASSERT_NE(place, values.end()) << now;
+        if (!last.empty()) {
+            EXPECT_EQ(last, place == values.begin() ? values.back() : *(place - 1)) << "before " << now;
+        }
+        last = now;
+    }
+}
+
+bool TourPlayer::movesWithin(const std::string& thing) {
+    const auto look = [&] {
+        return thing.starts_with("pic") || thing.starts_with("img") ? std::to_string(hand().part(thing).shown().number)
+                                                                    : shownBy(thing);
+    };
+    const std::string before = look();
+    const double seconds = program_.machine().runMode == modeSlow ? 5 : 1;
+    for (double waited = 0; waited < seconds; waited += 0.1) {
+        fireFor(0.1);
+        if (look() != before) {
+            return true;
+        }
+    }
+    return false;
 }
 
 void TourPlayer::mem(const Words& words) {
@@ -375,6 +445,5 @@ void TourPlayer::answer(Qt::Key key) {
     frmDialog& dialog = *program_.dialog();
     ASSERT_TRUE(dialog.isVisible()) << "nothing is asked";
     QTest::keyClick(&dialog, key);
-    EXPECT_FALSE(dialog.isVisible());
     program_.mainWindow()->activateWindow();
 }

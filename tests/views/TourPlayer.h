@@ -10,16 +10,22 @@
 //   write REG VALUE         set ADDRESS VALUE       read ADDRESS       by the dialogs of the host CPU; REG is SCR, SCR.H, SCR.L
 //   serial I DIGITS         types a word into the serial dialog of circuit I and lets it go out
 //   ok                      cancel                  answers the message dialog
+//   point REG               double ADDRESS          a double click that is to be refused
 //
 //   reg REG VALUE           mem ADDRESS VALUE       2 digits are a byte, 4 a word
 //   lit PART [I]            dark PART [I]           image PART [I] = N
 //   shown PART [I]          hidden PART [I]         label NAME [I] = TEXT
 //   says TEXT               silent                  popup and message dialog
-//   got VALUE               what the read dialog shows
+//   got VALUE               bus TEXT                what the read dialog shows; the bus type over the memory
+//   sa BOARD VALUE          the address on a board's switches, or that its place gives it
+//   cycle REG V1 V2 ...     one click on 1-Time after the other walks through these values, from wherever it stands
+//   moves THING             still THING             a register or part of the bench, within a second or five in SLOW
+//   differs REG VALUE       the register shows anything but this value
 
 #pragma once
 
 #include "core/views/Program.h"
+#include "memwin/views/DumpGrid.h"
 #include "tests/views/BenchHand.h"
 
 #include <map>
@@ -59,6 +65,12 @@ private:
     void read(const Words& words);
     void serial(const Words& words);
     void answer(Qt::Key key);
+    void point(const Words& words);
+    DumpGrid& doubleClickCell(const std::string& address);
+    void stationAddress(const Words& words);
+    void cycle(const Words& words);
+    bool movesWithin(const std::string& thing);
+    std::string shownBy(const std::string& name);
     void reg(const Words& words);
     void mem(const Words& words);
     void led(const Words& words, bool lit);

@@ -1,0 +1,18 @@
+# Draws a folder of pictures: SCRIPT (run by PYTHON) writes drawings, and lists if it has any, into DRAWINGS, and RENDERER makes
+# each drawing a bitmap in FOLDER. A name in small letters gets a suffix in small letters.
+file(REMOVE_RECURSE ${DRAWINGS} ${FOLDER})
+file(MAKE_DIRECTORY ${DRAWINGS} ${FOLDER})
+execute_process(COMMAND ${PYTHON} -B ${SCRIPT} ${DRAWINGS} COMMAND_ERROR_IS_FATAL ANY)
+file(GLOB drawings ${DRAWINGS}/*.svg)
+foreach(drawing IN LISTS drawings)
+  get_filename_component(name ${drawing} NAME_WE)
+  set(suffix .BMP)
+  if(name MATCHES "[a-z]")
+    set(suffix .bmp)
+  endif()
+  execute_process(COMMAND ${RENDERER} ${drawing} ${FOLDER} ${name}${suffix} COMMAND_ERROR_IS_FATAL ANY)
+endforeach()
+file(GLOB lists ${DRAWINGS}/*.TXT)
+if(lists)
+  file(COPY ${lists} DESTINATION ${FOLDER})
+endif()
