@@ -92,9 +92,7 @@ INSTANTIATE_TEST_SUITE_P(Navigator, Tours, testing::Range<std::size_t>(1, toursO
 
 TEST_F(Played, worked_values_of_the_hint_pages_hold) {
     const std::optional<std::string> plays = readTextFile(hintPlays);
-    if (!plays) {
-        GTEST_SKIP() << "no pages yet";
-    }
+    ASSERT_TRUE(plays.has_value());
     std::set<QString> pages;
     for (const QString& line : QString::fromStdString(*plays).split('\n')) {
         const QString text = line.trimmed();
