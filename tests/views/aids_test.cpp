@@ -1,14 +1,18 @@
+#include "aids/circuitDiagrams.h"
 #include "aids/views/frmHint.h"
 #include "aids/views/frmKAIROZU.h"
 #include "boards/network.h"
 #include "boards/views/frmHard.h"
 #include "memwin/views/DumpGrid.h"
 #include "memwin/views/MemoryWindows.h"
+#include "platform/pictureFile.h"
 #include "platform/textFile.h"
 #include "tests/views/startedProgram.h"
 
 #include <QDir>
 #include <QImage>
+
+#include <set>
 
 namespace {
 
@@ -148,6 +152,48 @@ TEST(TextFile, is_read_in_either_encoding_and_never_at_any_length) {
     EXPECT_TRUE(read("\xff\xff").has_value());
     EXPECT_EQ(read(std::string(50'000'000, 'x')), std::nullopt);
     EXPECT_EQ(readTextFile(path / "none"), std::nullopt);
+}
+
+// What the build puts beside the program: every picture that the tables name, in the size that its window is made for.
+TEST(ThePicturesBesideTheProgram, are_all_there) {
+    const std::filesystem::path bin = VRB_BIN;
+    Machine machine;
+    const auto readable = [&](const char* folder, const std::string& name, qreal ratio) {
+        PictureFile file = loadPicture(bin / folder, QString::fromStdString(name), ratio);
+        const QImage picture = decodePicture(file, QString::fromStdString(name));
+        EXPECT_FALSE(picture.isNull()) << name << ": " << file.reason.toStdString();
+        EXPECT_EQ(picture.devicePixelRatio(), ratio) << name;
+        EXPECT_TRUE(std::filesystem::exists(bin / folder / name)) << name << " in exactly these letters";
+        return picture.deviceIndependentSize();
+    };
+    std::set<std::string> seen;
+    for (int setting = 0; setting < 5 * 2 * 2 * 2 * 8; ++setting) {
+        machine.duplexBit = setting & 1 ? 16 : 0;
+        machine.cpuType = static_cast<std::int16_t>(setting >> 1 & 1);
+        machine.picBridge.visible = (setting >> 2 & 1) != 0;
+        machine.ios52 = static_cast<std::int16_t>(setting >> 3 & 7);
+        const Diagram diagram = diagramFor(machine, setting >> 6);
+        if (!seen.insert(diagram.picture + diagram.overlay).second) {
+            continue;
+        }
+        const QSizeF size = readable("Kairozu", diagram.picture, 1);
+        EXPECT_EQ(readable("Kairozu", diagram.picture, 2), size);
+        if (!diagram.overlay.empty()) {
+            const QSizeF overlay = readable("Kairozu", diagram.overlay, 1);
+            EXPECT_TRUE(overlay.width() < size.width() && overlay.height() < size.height()) << "it covers a corner";
+        }
+    }
+    EXPECT_EQ(seen.size(), 4U + 4 + 1 + 2 + 16);
+    const auto pages = readHintList(readTextFile(bin / "HintData" / "RegsterHint.TXT").value_or(""));
+    ASSERT_EQ(pages.size(), 12U);
+    for (const HintPage& page : pages) {
+        EXPECT_EQ(readable("HintData", page.picture, 1), QSizeF(620, 460));
+    }
+    for (const RegisterRow& row : registerTable) {
+        const auto page = pageFor(pages, row.name);
+        EXPECT_EQ(page.has_value(), row.name != "CC") << row.name;
+    }
+    EXPECT_NE(pages[controlWordPage].caption.find("コントロールワード"), std::string::npos);
 }
 
 }  // namespace
