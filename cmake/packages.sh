@@ -1,4 +1,4 @@
-# Sourced by ./run, ./test and the CI: installs the Debian packages that are missing, and says so.
+# Sourced by ./run, ./test, ./package and the CI: installs the Debian packages that are missing, and says so.
 #
 #     need_packages PACKAGE...
 
@@ -24,6 +24,10 @@ build_packages=(g++ cmake ninja-build ccache qt6-base-dev qt6-multimedia-dev lib
   fonts-dejavu-core fonts-dejavu-extra fonts-ipafont-gothic)
 # What the tests, benchmarks and checks need on top.
 test_packages=(libgtest-dev libbenchmark-dev clang-format clang-tidy)
+# What counting the lines that run needs on top.
+coverage_packages=(gcovr python3)
+# What making and checking packages needs on top.
+package_packages=(dpkg-dev file gzip lintian desktop-file-utils appstream)
 # What the fuzz targets need on top.
 fuzz_packages=(clang libclang-rt-dev)
 # What a look at the program without a display needs.

@@ -1,5 +1,6 @@
 #include "platform/ImageList.h"
 
+#include <QDir>
 #include <QGuiApplication>
 
 #include <cmath>
@@ -32,4 +33,12 @@ QCursor singleClickPointer() {
 
 QCursor doubleClickPointer() {
     return ImageList(QStringLiteral("ilsMouse")).cursor(2, pointerTip);
+}
+
+QIcon programIcon() {
+    QIcon icon;
+    for (const QString& name : QDir(QStringLiteral(":/icons")).entryList()) {
+        icon.addFile(QStringLiteral(":/icons/") + name);
+    }
+    return icon;
 }

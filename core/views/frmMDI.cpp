@@ -50,7 +50,7 @@ QFrame* makeDivider(QWidget* parent) {
 frmMDI::frmMDI(Machine& machine) : machine_(machine) {
     setObjectName("frmMDI");
     setWindowTitle("VRB-TS");
-    setWindowIcon(ImageList("appIcon").image(1, 3));
+    setWindowIcon(programIcon());
 
     area_ = new QMdiArea(this);
     area_->setBackground(QColor::fromRgb(look::workspace));
