@@ -55,6 +55,7 @@ if(UNIX AND NOT APPLE)
   endforeach()
   install(FILES assets/drawings/appIcon.svg RENAME vrb-ts.svg DESTINATION ${data}/icons/hicolor/scalable/apps)
   install(FILES ${made}/copyright DESTINATION ${CMAKE_INSTALL_DOCDIR})
+  install(FILES packaging/lintian-overrides RENAME vrb-ts DESTINATION ${data}/lintian/overrides)
 
   # Manuals and changes are packed; -n keeps the time of packing out.
   find_program(GZIP_PROGRAM gzip REQUIRED)
@@ -116,6 +117,7 @@ chip's registers and memory as the host CPU, and watches what the bus does:
 scan, status, failures and interrupts.
 .
 The interface is Japanese.")
+set(CPACK_PACKAGE_FILE_NAME vrb-ts-${PROJECT_VERSION}-${CMAKE_SYSTEM_NAME}-${CMAKE_SYSTEM_PROCESSOR})
 set(CPACK_RESOURCE_FILE_LICENSE ${PROJECT_SOURCE_DIR}/LICENSE)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_VERBATIM_VARIABLES ON)
