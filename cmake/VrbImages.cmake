@@ -55,4 +55,6 @@ function(vrb_icons target drawing)
     VERBATIM)
   qt_add_resources(${target} "icons" PREFIX "/icons" BASE ${folder} FILES ${shown})
   add_custom_target(icons DEPENDS ${made})
+  # Two targets want the same files: make lets only one of them render.
+  add_dependencies(${target} icons)
 endfunction()

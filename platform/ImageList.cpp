@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QGuiApplication>
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
