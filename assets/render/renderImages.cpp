@@ -20,6 +20,7 @@
 #include <QTextStream>
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 #include <utility>
 #include <vector>
@@ -87,8 +88,9 @@ QByteArray icoOf(const std::vector<Icon>& icons) {
 // Pictures one after another, each with its kind and length. The kinds stand for sides; "ic12" is 32 points at 2x.
 QByteArray icnsOf(const std::vector<Icon>& icons) {
     constexpr int headSize = 8;
-    constexpr std::pair<int, const char*> kinds[] = {{16, "icp4"},  {32, "icp5"},  {64, "ic12"},
-                                                     {128, "ic07"}, {256, "ic08"}, {512, "ic09"}};
+    using Kind = std::pair<int, const char*>;
+    constexpr std::array<Kind, 6> kinds{Kind{16, "icp4"}, {32, "icp5"},  {64, "ic12"},
+                                        {128, "ic07"},    {256, "ic08"}, {512, "ic09"}};
     QByteArray pictures;
     QDataStream out(&pictures, QIODevice::WriteOnly);
     for (const auto& [side, kind] : kinds) {
