@@ -1,3 +1,8 @@
+# Windows finds the libraries of a program that runs while building through PATH alone.
+if(WIN32)
+  set(vrb_with_qt ${CMAKE_COMMAND} -E env --modify PATH=path_list_prepend:$<TARGET_FILE_DIR:Qt6::Core> --)
+endif()
+
 # Pictures: every drawing in a folder is rendered when building, at 1x, 2x and 3x, and goes into the resources of a library
 # as :/images/<drawing>-<number>[@2x|@3x].png.
 function(vrb_images target folder)
@@ -19,11 +24,37 @@ function(vrb_images target folder)
     add_custom_command(
       OUTPUT ${made}
       COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_CURRENT_BINARY_DIR}/images
-      COMMAND renderImages ${drawing} ${CMAKE_CURRENT_BINARY_DIR}/images
+      COMMAND ${vrb_with_qt} $<TARGET_FILE:renderImages> ${drawing} ${CMAKE_CURRENT_BINARY_DIR}/images
       DEPENDS ${drawing} renderImages
       COMMENT "Rendering ${name}"
       VERBATIM)
     list(APPEND pictures ${made})
   endforeach()
   qt_add_resources(${target} "images" PREFIX "/images" BASE ${CMAKE_CURRENT_BINARY_DIR}/images FILES ${pictures})
+endfunction()
+
+# The program's own icon, from the one drawing: square pictures of the usual sizes, and the containers that Windows and macOS
+# want. They lie in icons/; those that a window may show go into the resources of a library as :/icons/appIcon-<size>.png.
+set(vrb_icon_sizes 16 22 24 32 48 64 128 256 512)
+function(vrb_icons target drawing)
+  set(folder ${CMAKE_CURRENT_BINARY_DIR}/icons)
+  set(made ${folder}/appIcon.ico ${folder}/appIcon.icns)
+  set(shown "")
+  foreach(size IN LISTS vrb_icon_sizes)
+    list(APPEND made ${folder}/appIcon-${size}.png)
+    if(size LESS_EQUAL 256)
+      list(APPEND shown ${folder}/appIcon-${size}.png)
+    endif()
+  endforeach()
+  add_custom_command(
+    OUTPUT ${made}
+    COMMAND ${CMAKE_COMMAND} -E make_directory ${folder}
+    COMMAND ${vrb_with_qt} $<TARGET_FILE:renderImages> ${drawing} ${folder} ${vrb_icon_sizes}
+    DEPENDS ${drawing} renderImages
+    COMMENT "Rendering the icons"
+    VERBATIM)
+  qt_add_resources(${target} "icons" PREFIX "/icons" BASE ${folder} FILES ${shown})
+  add_custom_target(icons DEPENDS ${made})
+  # Two targets want the same files: make lets only one of them render.
+  add_dependencies(${target} icons)
 endfunction()

@@ -1,4 +1,4 @@
-# Sourced by ./run, ./test and the CI: installs the Debian packages that are missing, and says so.
+# Sourced by ./run, ./test, ./package and the CI: installs the Debian packages that are missing, and says so.
 #
 #     need_packages PACKAGE...
 
@@ -20,10 +20,14 @@ need_packages() {
 }
 
 # What building and running need.
-build_packages=(g++ cmake python3-minimal ninja-build ccache qt6-base-dev qt6-multimedia-dev libqt6svg6-dev libgl-dev fontconfig
+build_packages=(g++ cmake python3 ninja-build ccache qt6-base-dev qt6-multimedia-dev libqt6svg6-dev libgl-dev fontconfig
   fonts-dejavu-core fonts-dejavu-extra fonts-ipafont-gothic)
 # What the tests, benchmarks and checks need on top.
 test_packages=(libgtest-dev libbenchmark-dev clang-format clang-tidy)
+# What counting the lines that run needs on top.
+coverage_packages=(gcovr)
+# What making and checking packages needs on top.
+package_packages=(dpkg-dev file gzip lintian desktop-file-utils appstream)
 # What the fuzz targets need on top.
 fuzz_packages=(clang libclang-rt-dev)
 # What a look at the program without a display needs.

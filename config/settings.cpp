@@ -53,6 +53,17 @@ std::string reasonText(const std::error_code& error) {
 
 }  // namespace
 
+fs::path programFolder(const fs::path& executableFolder) {
+    const fs::path contents = executableFolder.parent_path();
+    const fs::path bundle = contents.parent_path();
+    if (executableFolder.filename() != "MacOS" || contents.filename() != "Contents" || bundle.extension() != ".app") {
+        return executableFolder;
+    }
+    std::error_code error;
+    const fs::path resources = contents / "Resources";
+    return fs::exists(resources / settingsFileName, error) ? resources : bundle.parent_path();
+}
+
 SettingsPlace::SettingsPlace(const fs::path& programFolder, const fs::path& userFolder)
     : shipped_(programFolder / settingsFileName),
       saved_((folderWritable(programFolder) ? programFolder : userFolder) / settingsFileName) {}

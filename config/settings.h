@@ -80,6 +80,10 @@ inline constexpr std::array<Setting, 19> settings{{
     {"OPENWINDOW5", "chkDef6", 0, {}, [](Machine& m) -> std::int16_t& { return m.openWindowDefault[5]; }},
 }};
 
+// The folder where the program's files lie: that of its executable. In a bundle of macOS (NAME.app/Contents/MacOS) it is the
+// bundle's Resources, or, while these have no settings, as in the build's folder, the one where the bundle itself lies.
+std::filesystem::path programFolder(const std::filesystem::path& executableFolder);
+
 // Where the settings file lies: beside the program while files can be made there, else (an installed program) in the user's
 // configuration folder. Until a first save the latter has no file; what lies beside the program is then read.
 class SettingsPlace {

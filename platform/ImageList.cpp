@@ -1,7 +1,9 @@
 #include "platform/ImageList.h"
 
+#include <QDir>
 #include <QGuiApplication>
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -32,4 +34,12 @@ QCursor singleClickPointer() {
 
 QCursor doubleClickPointer() {
     return ImageList(QStringLiteral("ilsMouse")).cursor(2, pointerTip);
+}
+
+QIcon programIcon() {
+    QIcon icon;
+    for (const QString& name : QDir(QStringLiteral(":/icons")).entryList()) {
+        icon.addFile(QStringLiteral(":/icons/") + name);
+    }
+    return icon;
 }

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QCursor>
+#include <QIcon>
 #include <QPixmap>
 #include <QString>
 
@@ -25,3 +26,6 @@ private:
 // The pointers that tell which gesture a control wants.
 QCursor singleClickPointer();
 QCursor doubleClickPointer();
+
+// The program's own icon, in every size that a title bar, a task list or a switcher takes.
+QIcon programIcon();

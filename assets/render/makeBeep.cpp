@@ -2,6 +2,7 @@
 //
 //     makeBeep OUTPUT.WAV
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdint>

@@ -3,10 +3,14 @@
 // needs no SVG renderer.
 //
 //     renderImages SOURCE.svg OUTPUT-FOLDER
+//     renderImages SOURCE.svg OUTPUT-FOLDER SIZE...
 //
-// writes OUTPUT-FOLDER/SOURCE-<n>.png, SOURCE-<n>@2x.png and SOURCE-<n>@3x.png. Exit code 1 and a line on stderr when the
-// source can't be read, holds no image, or a picture can't be written.
+// The first writes OUTPUT-FOLDER/SOURCE-<n>.png, SOURCE-<n>@2x.png and SOURCE-<n>@3x.png. The second makes icons of the first
+// cell: SOURCE-<size>.png for each size, SOURCE.ico for Windows and SOURCE.icns for macOS. Exit code 1 and a line on stderr
+// when the source can't be read, holds no image, or a file can't be written.
 
+#include <QBuffer>
+#include <QDataStream>
 #include <QDir>
 #include <QFileInfo>
 #include <QGuiApplication>
@@ -14,6 +18,12 @@
 #include <QPainter>
 #include <QSvgRenderer>
 #include <QTextStream>
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -30,8 +40,8 @@ int countImages(const QSvgRenderer& source) {
     return count;
 }
 
-QImage renderCell(QSvgRenderer& source, const QRectF& cell, int scale) {
-    QImage picture((cell.size() * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
+QImage renderCell(QSvgRenderer& source, const QRectF& cell, QSize size) {
+    QImage picture(size, QImage::Format_ARGB32_Premultiplied);
     picture.fill(Qt::transparent);
     source.setViewBox(cell);
     QPainter painter(&picture);
@@ -40,14 +50,93 @@ QImage renderCell(QSvgRenderer& source, const QRectF& cell, int scale) {
     return picture;
 }
 
+bool writeFile(const QString& path, const QByteArray& bytes) {
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+}
+
+// An icon: its side in pixels and its PNG file.
+struct Icon {
+    int side;
+    QByteArray png;
+};
+
+// A directory of the pictures, then the pictures.
+QByteArray icoOf(const std::vector<Icon>& icons) {
+    constexpr int headSize = 6;
+    constexpr int rowSize = 16;
+    constexpr int largestSide = 256;  // written as 0
+    std::vector<Icon> kept;
+    std::copy_if(icons.begin(), icons.end(), std::back_inserter(kept), [](const Icon& icon) { return icon.side <= largestSide; });
+    QByteArray bytes;
+    QDataStream out(&bytes, QIODevice::WriteOnly);
+    out.setByteOrder(QDataStream::LittleEndian);
+    out << quint16(0) << quint16(1) << static_cast<quint16>(kept.size());
+    auto offset = static_cast<quint32>(headSize + rowSize * static_cast<int>(kept.size()));
+    for (const Icon& icon : kept) {
+        const auto side = static_cast<quint8>(icon.side % largestSide);
+        const auto length = static_cast<quint32>(icon.png.size());
+        out << side << side << quint8(0) << quint8(0) << quint16(1) << quint16(32) << length << offset;
+        offset += length;
+    }
+    for (const Icon& icon : kept) {
+        out.writeRawData(icon.png.constData(), static_cast<int>(icon.png.size()));
+    }
+    return bytes;
+}
+
+// Pictures one after another, each with its kind and length. The kinds stand for sides; "ic12" is 32 points at 2x.
+QByteArray icnsOf(const std::vector<Icon>& icons) {
+    constexpr int headSize = 8;
+    using Kind = std::pair<int, const char*>;
+    constexpr std::array<Kind, 6> kinds{Kind{16, "icp4"}, {32, "icp5"},  {64, "ic12"},
+                                        {128, "ic07"},    {256, "ic08"}, {512, "ic09"}};
+    QByteArray pictures;
+    QDataStream out(&pictures, QIODevice::WriteOnly);
+    for (const auto& [side, kind] : kinds) {
+        for (const Icon& icon : icons) {
+            if (icon.side == side) {
+                out.writeRawData(kind, 4);
+                out << static_cast<quint32>(headSize + icon.png.size());
+                out.writeRawData(icon.png.constData(), static_cast<int>(icon.png.size()));
+            }
+        }
+    }
+    QByteArray head;
+    QDataStream(&head, QIODevice::WriteOnly) << quint32(0x69636e73) << static_cast<quint32>(headSize + pictures.size());
+    return head + pictures;
+}
+
+int makeIcons(QSvgRenderer& source, const QRectF& cell, const QString& pathWithoutEnd, const QStringList& sizes) {
+    std::vector<Icon> icons;
+    for (const QString& size : sizes) {
+        const int side = size.toInt();
+        if (side <= 0) {
+            return fail(size + QStringLiteral(" is no size"));
+        }
+        Icon icon{side, {}};
+        QBuffer buffer(&icon.png);
+        buffer.open(QIODevice::WriteOnly);
+        const QString file = QStringLiteral("%1-%2.png").arg(pathWithoutEnd).arg(side);
+        if (!renderCell(source, cell, QSize(side, side)).save(&buffer, "PNG") || !writeFile(file, icon.png)) {
+            return fail(file + QStringLiteral(" can't be written"));
+        }
+        icons.push_back(icon);
+    }
+    if (!writeFile(pathWithoutEnd + ".ico", icoOf(icons)) || !writeFile(pathWithoutEnd + ".icns", icnsOf(icons))) {
+        return fail(pathWithoutEnd + QStringLiteral(".ico or .icns can't be written"));
+    }
+    return 0;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QGuiApplication application(argc, argv);
     const QStringList arguments = QGuiApplication::arguments();
-    if (arguments.size() != 3) {
-        return fail(QStringLiteral("expected SOURCE.svg and OUTPUT-FOLDER"));
+    if (arguments.size() < 3) {
+        return fail(QStringLiteral("expected SOURCE.svg, OUTPUT-FOLDER and maybe sizes"));
     }
     QSvgRenderer source(arguments[1]);
     if (!source.isValid()) {
@@ -60,12 +149,16 @@ int main(int argc, char** argv) {
     const QRectF strip = source.viewBoxF();
     const qreal width = strip.width() / count;
     const QString name = QFileInfo(arguments[1]).baseName();
+    if (arguments.size() > 3) {
+        const QRectF first(strip.left(), strip.top(), width, strip.height());
+        return makeIcons(source, first, QDir(arguments[2]).filePath(name), arguments.mid(3));
+    }
     for (int image = 1; image <= count; ++image) {
         const QRectF cell(strip.left() + width * (image - 1), strip.top(), width, strip.height());
         for (const int scale : {1, 2, 3}) {
             const QString suffix = scale == 1 ? QString() : QStringLiteral("@%1x").arg(scale);
             const QString file = QDir(arguments[2]).filePath(QStringLiteral("%1-%2%3.png").arg(name).arg(image).arg(suffix));
-            if (!renderCell(source, cell, scale).save(file)) {
+            if (!renderCell(source, cell, (cell.size() * scale).toSize()).save(file)) {
                 return fail(file + QStringLiteral(" can't be written"));
             }
         }

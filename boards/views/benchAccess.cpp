@@ -5,6 +5,8 @@
 
 #include <QAccessibleWidget>
 
+#include <algorithm>
+
 namespace {
 
 BenchView* viewOf(const BenchPart& part) {

@@ -3,6 +3,8 @@
 #include "boards/boardSet.h"
 #include "core/pwmOutput.h"
 
+#include <algorithm>
+
 namespace {
 
 constexpr std::size_t center = 0;

@@ -23,6 +23,7 @@
 #include <QScrollBar>
 #include <QStyle>
 
+#include <algorithm>
 #include <functional>
 #include <type_traits>
 

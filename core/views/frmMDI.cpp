@@ -80,7 +80,7 @@ private:
 frmMDI::frmMDI(Machine& machine) : machine_(machine) {
     setObjectName("frmMDI");
     setWindowTitle("VRB-TS");
-    setWindowIcon(ImageList("appIcon").image(1, 3));
+    setWindowIcon(programIcon());
 
     area_ = new QMdiArea(this);
     area_->setBackground(QColor::fromRgb(look::workspace));

@@ -1,4 +1,6 @@
+#include "config/settings.h"
 #include "core/views/Program.h"
+#include "platform/ImageList.h"
 #include "platform/look.h"
 #include "platform/paths.h"
 
@@ -9,10 +11,12 @@
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationName("VRB-TS");
+    QApplication::setDesktopFileName("vrb-ts");  // by it a desktop finds name and icon
+    QApplication::setWindowIcon(programIcon());
     QApplication::setQuitOnLastWindowClosed(false);  // only the exit question ends the program
     look::applyTo(application);
 
-    Program program(pathOf(QApplication::applicationDirPath()),
+    Program program(programFolder(pathOf(QApplication::applicationDirPath())),
                     pathOf(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation)));
     // The learner has been asked: nothing asks the windows again.
     QObject::connect(

@@ -10,6 +10,8 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 
+#include <algorithm>
+
 namespace {
 
 // The write dialog opens two cells below the top of its cell, or above it near the foot of the screen.

@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 
 #ifdef __unix__
@@ -356,6 +357,17 @@ auto asAnybody(Action action) {
 #else
     return action();
 #endif
+}
+
+TEST_F(SettingsFile, lies_beside_the_executable_or_in_the_resources_of_its_bundle) {
+    EXPECT_EQ(programFolder(folder), folder);
+    EXPECT_EQ(programFolder(folder / "Contents" / "MacOS"), folder / "Contents" / "MacOS") << "no bundle";
+
+    const fs::path contents = folder / "vrb-ts.app" / "Contents";
+    fs::create_directories(contents / "Resources");
+    EXPECT_EQ(programFolder(contents / "MacOS"), folder) << "as it was built";
+    put(contents / "Resources" / "VRB_TS2.INI", "[INIT]\n");
+    EXPECT_EQ(programFolder(contents / "MacOS"), contents / "Resources") << "as it was installed";
 }
 
 TEST_F(SettingsFile, lies_with_the_user_where_the_programs_folder_cannot_be_written) {

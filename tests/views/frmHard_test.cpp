@@ -14,6 +14,7 @@
 #include <QPushButton>
 #include <QSignalSpy>
 
+#include <algorithm>
 #include <set>
 
 namespace {
