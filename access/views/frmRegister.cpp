@@ -10,6 +10,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -51,7 +52,7 @@ QColor groundOf(int row) {
 
 // --- one value -------------------------------------------------------------------------------------------------------
 
-RegisterCell::RegisterCell(const QString& text, QColor ground, QWidget* parent) : QWidget(parent), text_(text), ground_(ground) {
+RegisterCell::RegisterCell(QString text, QColor ground, QWidget* parent) : QWidget(parent), text_(std::move(text)), ground_(ground) {
     setFont(look::hexFont(12));
     setCursor(doubleClickPointer());
     setFocusPolicy(Qt::StrongFocus);

@@ -14,7 +14,7 @@ class RegisterCell : public QWidget {
     Q_OBJECT
 
 public:
-    RegisterCell(const QString& text, QColor ground, QWidget* parent);
+    RegisterCell(QString text, QColor ground, QWidget* parent);
 
     void show(const QString& text, bool red);
     const QString& text() const { return text_; }

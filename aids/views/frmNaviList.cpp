@@ -86,7 +86,7 @@ void frmNaviList::openList() {
 }
 
 void frmNaviList::cmdStart_Click() {
-    emit startWanted(static_cast<std::size_t>(lstTitle_->currentRow() + 1));
+    emit startWanted(static_cast<std::size_t>(lstTitle_->currentRow()) + 1);
 }
 
 void frmNaviList::hideEvent(QHideEvent* event) {

@@ -13,6 +13,8 @@
 #include <QPainter>
 #include <QPushButton>
 
+#include <utility>
+
 namespace {
 
 // The window with its title is 1785 twips high; these leave 22 pixels for the title.
@@ -76,10 +78,10 @@ void NaviLine::paintEvent(QPaintEvent* /*event*/) {
 
 // --- the window --------------------------------------------------------------------------------------------------------------
 
-frmNavigation::frmNavigation(const std::filesystem::path& naviPath, QWidget* owner)
+frmNavigation::frmNavigation(std::filesystem::path naviPath, QWidget* owner)
     : QWidget(owner,
               Qt::Tool | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint | Qt::WindowStaysOnTopHint),
-      naviPath_(naviPath),
+      naviPath_(std::move(naviPath)),
       lblIndex_(new QLabel(this)) {
     setObjectName("frmNavigation");
     setWindowTitle("Navigation");

@@ -42,7 +42,7 @@ class frmNavigation : public QWidget {
 
 public:
     // `naviPath` is the folder of the tours.
-    frmNavigation(const std::filesystem::path& naviPath, QWidget* owner);
+    frmNavigation(std::filesystem::path naviPath, QWidget* owner);
 
     // Reads a tour and turns to its first page. A file that can't be read says so in the upper line.
     void setNavigation(const std::string& fileName);
