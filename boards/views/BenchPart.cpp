@@ -249,9 +249,10 @@ BenchLabel::BenchLabel(const LabelRow& row, QGraphicsItem* parent)
 bool BenchLabel::refresh(const Machine& machine) {
     const std::string_view wanted = row_.text(machine, row_.index);
     const bool visible = row_.visible(machine, row_.index);
-    if (wanted == text_ && visible == isVisible()) {
+    if (wanted == text_ && visible == visible_) {
         return false;
     }
+    visible_ = visible;
     setVisible(visible);
     if (wanted != text_) {
         constexpr qreal boxWidth = 40;

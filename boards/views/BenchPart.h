@@ -109,6 +109,7 @@ private:
     const LabelRow& row_;
     QFont font_;
     std::string_view text_;
+    bool visible_ = true;  // by its own row; a hidden card hides it all the same
     QRectF bounds_;
 };
 
