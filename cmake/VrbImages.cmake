@@ -4,7 +4,7 @@ if(WIN32)
 endif()
 
 # Pictures: every drawing in a folder is rendered when building, at 1x, 2x and 3x, and goes into the resources of a library
-# as :/images/<drawing>-<number>[@2x|@3x].png.
+# as :/images/<drawing>-<number>[@2x|@3x].argb.
 function(vrb_images target folder)
   set(pictures "")
   file(GLOB drawings CONFIGURE_DEPENDS ${folder}/*.svg)
@@ -18,7 +18,7 @@ function(vrb_images target folder)
     set(made "")
     foreach(number RANGE 1 ${count})
       foreach(suffix IN ITEMS "" "@2x" "@3x")
-        list(APPEND made ${CMAKE_CURRENT_BINARY_DIR}/images/${name}-${number}${suffix}.png)
+        list(APPEND made ${CMAKE_CURRENT_BINARY_DIR}/images/${name}-${number}${suffix}.argb)
       endforeach()
     endforeach()
     add_custom_command(

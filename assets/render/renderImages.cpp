@@ -1,11 +1,13 @@
 // Renders one image list: the SVG source of an image list is a strip of equally wide cells, one per image, and each cell
-// holds one element "image-1", "image-2", ... The pictures come out as PNG at 1x, 2x and 3x, so that the program itself
-// needs no SVG renderer.
+// holds one element "image-1", "image-2", ... The pictures come out at 1x, 2x and 3x, so that the program itself needs no SVG
+// renderer, and as plain pixels, so that it needs no decoder either: width and height as 32-bit numbers, low byte first, then
+// the rows from the top, each pixel as blue, green, red and alpha, the colours multiplied by alpha. What packs them is the
+// compression of the resources.
 //
 //     renderImages SOURCE.svg OUTPUT-FOLDER
 //     renderImages SOURCE.svg OUTPUT-FOLDER SIZE...
 //
-// The first writes OUTPUT-FOLDER/SOURCE-<n>.png, SOURCE-<n>@2x.png and SOURCE-<n>@3x.png. The second makes icons of the first
+// The first writes OUTPUT-FOLDER/SOURCE-<n>.argb, SOURCE-<n>@2x.argb and SOURCE-<n>@3x.argb. The second makes icons of the first
 // cell: SOURCE-<size>.png for each size, SOURCE.ico for Windows and SOURCE.icns for macOS. Exit code 1 and a line on stderr
 // when the source can't be read, holds no image, or a file can't be written.
 
@@ -53,6 +55,18 @@ QImage renderCell(QSvgRenderer& source, const QRectF& cell, QSize size) {
 bool writeFile(const QString& path, const QByteArray& bytes) {
     QFile file(path);
     return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+}
+
+QByteArray plainPixels(const QImage& picture) {
+    QByteArray bytes;
+    QDataStream out(&bytes, QIODevice::WriteOnly);
+    out.setByteOrder(QDataStream::LittleEndian);
+    out << static_cast<quint32>(picture.width()) << static_cast<quint32>(picture.height());
+    for (int y = 0; y < picture.height(); ++y) {
+        const auto* row = reinterpret_cast<const QRgb*>(picture.constScanLine(y));
+        std::for_each(row, row + picture.width(), [&out](QRgb pixel) { out << pixel; });
+    }
+    return bytes;
 }
 
 // An icon: its side in pixels and its PNG file.
@@ -157,8 +171,8 @@ int main(int argc, char** argv) {
         const QRectF cell(strip.left() + width * (image - 1), strip.top(), width, strip.height());
         for (const int scale : {1, 2, 3}) {
             const QString suffix = scale == 1 ? QString() : QStringLiteral("@%1x").arg(scale);
-            const QString file = QDir(arguments[2]).filePath(QStringLiteral("%1-%2%3.png").arg(name).arg(image).arg(suffix));
-            if (!renderCell(source, cell, (cell.size() * scale).toSize()).save(file)) {
+            const QString file = QDir(arguments[2]).filePath(QStringLiteral("%1-%2%3.argb").arg(name).arg(image).arg(suffix));
+            if (!writeFile(file, plainPixels(renderCell(source, cell, (cell.size() * scale).toSize())))) {
                 return fail(file + QStringLiteral(" can't be written"));
             }
         }

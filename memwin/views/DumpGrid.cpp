@@ -127,24 +127,20 @@ void DumpGrid::showTouched() {
 
 // --- painting ----------------------------------------------------------------------------------------------------------
 
-void DumpGrid::makeGlyphs() {
-    glyphRatio_ = devicePixelRatioF();
-    const std::array<QRgb, 2> colours{look::unchanged, look::changed};
-    for (std::size_t colour = 0; colour < colours.size(); ++colour) {
-        digits_[colour].clear();
-        characters_[colour].clear();
-        for (unsigned value = 0; value < 256; ++value) {
-            const QString digits = QString::fromStdString(hexText(value, 2));
-            const QChar character = QLatin1Char(asciiOf(static_cast<std::uint8_t>(value)));
-            digits_[colour].push_back(glyph(digits, cellPixels, colours[colour], glyphRatio_));
-            characters_[colour].push_back(glyph(character, asciiPitch, colours[colour], glyphRatio_));
-        }
+const QPixmap& DumpGrid::glyphOf(Side side, bool changed, std::uint8_t value) {
+    QPixmap& picture = glyphs_[side == Side::data ? 0 : 1][changed ? 1 : 0][value];
+    if (picture.isNull()) {
+        const QString text = side == Side::data ? QString::fromStdString(hexText(value, 2)) : QChar(QLatin1Char(asciiOf(value)));
+        picture =
+            glyph(text, side == Side::data ? cellPixels : asciiPitch, changed ? look::changed : look::unchanged, glyphRatio_);
     }
+    return picture;
 }
 
 void DumpGrid::paintEvent(QPaintEvent* event) {
     if (glyphRatio_ != devicePixelRatioF()) {
-        makeGlyphs();
+        glyphs_ = {};
+        glyphRatio_ = devicePixelRatioF();
     }
     QPainter painter(this);
     const QRect clip = event->rect();
@@ -246,14 +242,13 @@ void DumpGrid::paintRow(QPainter& painter, int row, const QRect& clip) {
     }
     for (int cell = row * cellsPerRow; cell < (row + 1) * cellsPerRow; ++cell) {
         const DumpCell& shown = view_.cells[static_cast<std::size_t>(cell)];
-        const auto colour = static_cast<std::size_t>(shown.red ? 1 : 0);
         const QRect hexPlace = cellRect(cell, Side::data);
         if (clip.intersects(hexPlace)) {
-            painter.drawPixmap(hexPlace.topLeft(), digits_[colour][shown.value]);
+            painter.drawPixmap(hexPlace.topLeft(), glyphOf(Side::data, shown.red, shown.value));
         }
         const QRect asciiPlace = cellRect(cell, Side::ascii);
         if (clip.intersects(asciiPlace)) {
-            painter.drawPixmap(asciiPlace.topLeft(), characters_[colour][shown.value]);
+            painter.drawPixmap(asciiPlace.topLeft(), glyphOf(Side::ascii, shown.red, shown.value));
         }
         if (ring_ && cell == current_) {
             painter.setPen(QColor::fromRgb(focusRing));

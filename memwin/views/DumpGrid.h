@@ -58,7 +58,7 @@ private:
     int rowAt(int y) const;
     void walkTo(int cell);
 
-    void makeGlyphs();
+    const QPixmap& glyphOf(Side side, bool changed, std::uint8_t value);
     void paintFrames(QPainter& painter);
     void paintHeading(QPainter& painter);
     void paintWedges(QPainter& painter) const;
@@ -69,8 +69,7 @@ private:
     ByteView piMode_ = ByteView::word;
     int current_ = 0;    // where the keyboard stands
     bool ring_ = false;  // and whether it is shown
-    // Every byte and every character, drawn once: black, red.
-    std::array<std::vector<QPixmap>, 2> digits_;
-    std::array<std::vector<QPixmap>, 2> characters_;
+    // Bytes and characters, unchanged and changed, each drawn when it is first shown.
+    std::array<std::array<std::array<QPixmap, 256>, 2>, 2> glyphs_;
     qreal glyphRatio_ = 0;
 };
