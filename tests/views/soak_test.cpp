@@ -2,6 +2,7 @@
 // is a machine that can be, and what is shown is what the state says.
 //
 // VRB_SOAK_GESTURES and VRB_SOAK_SEED set how many and which. A failure names its seed; the same seed plays the same game.
+// And hours of RUN, with every window open and nobody there: VRB_SOAK_MINUTES of simulated time.
 
 #include "access/hexText.h"
 #include "access/views/frmMemoryRead.h"
@@ -10,8 +11,10 @@
 #include "aids/views/frmNaviList.h"
 #include "aids/views/frmNavigation.h"
 #include "config/views/frmDefault.h"
+#include "core/simulation.h"
 #include "memwin/views/MemoryWindows.h"
 #include "memwin/views/frmDump.h"
+#include "tests/bench.h"
 #include "tests/views/BenchHand.h"
 #include "tests/views/startedProgram.h"
 
@@ -23,9 +26,14 @@
 
 #include <random>
 
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
+
 namespace {
 
 constexpr int gesturesInTheSuite = 3000;
+constexpr int minutesInTheSuite = 5;
 
 int setting(const char* name, int otherwise) {
     bool given = false;
@@ -334,6 +342,59 @@ TEST_F(Soak, random_gestures_leave_a_machine_and_its_picture) {
         shownIsTheState();
         ASSERT_FALSE(HasFailure()) << "gesture " << made << ": " << last;
     }
+}
+
+// Bytes of the heap in use; 0 where that can't be told, under the sanitizers among others.
+std::size_t heapInUse() {
+#ifdef __GLIBC__
+    return mallinfo2().uordblks + mallinfo2().hblkhd;
+#else
+    return 0;
+#endif
+}
+
+TEST_F(Soak, hours_of_RUN_lose_no_tick_and_keep_no_memory) {
+    startSoak();
+    for (const Area area : {Area::controlDoDi, Area::c1ToC7, Area::drc}) {
+        program->memoryWindows()->openArea(area);
+    }
+    machine().runMode = modeRun;
+    constexpr int firingsOfAMinute = 60 * 1000 / runModes[modeRun].interval;
+    unplug(machine(), 1);  // three stations fail in every pass
+    const auto runMinutes = [&](int minutes) {
+        for (int done = 0; done < minutes; ++done) {
+            for (int firing = 0; firing < firingsOfAMinute; ++firing) {
+                main().timTick().fire();
+                if (firing % 50 == 0) {
+                    QApplication::processEvents();
+                }
+            }
+        }
+    };
+    runMinutes(1);  // by now every picture that will be shown has been
+
+    const Machine before = machine();
+    const std::size_t heapBefore = heapInUse();
+    const int minutes = setting("VRB_SOAK_MINUTES", minutesInTheSuite);
+    runMinutes(minutes);
+    const std::size_t heapAfter = heapInUse();
+    EXPECT_LE(heapAfter, heapBefore + 64 * 1024);
+    std::cout << minutes << " minutes of RUN, heap " << heapBefore << " to " << heapAfter << " bytes" << std::endl;
+
+    // A pass has as many ticks as it takes to come back to the same station; what is left of the ticks over whole passes tells
+    // where the scan stands.
+    Machine reference = before;
+    long long pass = 0;
+    do {
+        simulationTick(reference);
+        ++pass;
+    } while (reference.scanAddr != before.scanAddr);
+    const long long ticked = 1LL * minutes * firingsOfAMinute * runModes[modeRun].ticks;
+    for (long long left = ticked % pass; left > 0; --left) {
+        simulationTick(reference);
+    }
+    EXPECT_EQ(machine().scanAddr, reference.scanAddr) << ticked << " ticks in passes of " << pass;
+    shownIsTheState();
 }
 
 }  // namespace
