@@ -29,7 +29,8 @@ QPushButton* makeButton(const char* name, const char* caption, QWidget* parent) 
     button->setObjectName(name);
     button->setFont(look::interfaceFont(12));
     button->setProperty("dialogButton", true);
-    button->setMinimumWidth(buttonWidth);
+    button->setStyleSheet(
+        QStringLiteral("min-width: %1px;").arg(buttonWidth));  // the program's own sheet rules over setMinimumWidth
     return button;
 }
 

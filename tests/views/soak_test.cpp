@@ -67,6 +67,7 @@ protected:
 
     void machineIsPossible();
     void shownIsTheState();
+    static void nothingIsCutOff();
 
     std::mt19937 chance;
     std::string last;  // what was done, for the one who reads a failure
@@ -329,6 +330,26 @@ void Soak::shownIsTheState() {
     }
 }
 
+// The text of every button, and every label of one line, has room where it stands.
+void Soak::nothingIsCutOff() {
+    for (QWidget* widget : QApplication::allWidgets()) {
+        if (!widget->isVisible()) {
+            continue;
+        }
+        const auto* button = qobject_cast<QPushButton*>(widget);
+        const auto* label = qobject_cast<QLabel*>(widget);
+        if (button == nullptr && (label == nullptr || label->wordWrap())) {
+            continue;
+        }
+        QString text = button != nullptr ? button->text() : label->text();
+        QFont font = widget->font();
+        font.setBold(font.bold() || (button != nullptr && (button->isDefault() || button->isChecked())));
+        EXPECT_LE(QFontMetrics(font).size(0, text.remove('&')).width(), widget->width() - (button != nullptr ? 4 : 0))
+            << widget->window()->objectName().toStdString() << ' ' << widget->objectName().toStdString() << ": "
+            << text.toStdString();
+    }
+}
+
 TEST_F(Soak, random_gestures_leave_a_machine_and_its_picture) {
     const int gestures = setting("VRB_SOAK_GESTURES", gesturesInTheSuite);
     const int seed = setting("VRB_SOAK_SEED", static_cast<int>(std::random_device{}() & 0x7FFFFFFF));
@@ -340,6 +361,7 @@ TEST_F(Soak, random_gestures_leave_a_machine_and_its_picture) {
         gesture();
         machineIsPossible();
         shownIsTheState();
+        nothingIsCutOff();
         ASSERT_FALSE(HasFailure()) << "gesture " << made << ": " << last;
     }
 }
