@@ -52,7 +52,8 @@ QColor groundOf(int row) {
 
 // --- one value -------------------------------------------------------------------------------------------------------
 
-RegisterCell::RegisterCell(QString text, QColor ground, QWidget* parent) : QWidget(parent), text_(std::move(text)), ground_(ground) {
+RegisterCell::RegisterCell(QString text, QColor ground, QWidget* parent)
+    : QWidget(parent), text_(std::move(text)), ground_(ground) {
     setFont(look::hexFont(12));
     setCursor(doubleClickPointer());
     setFocusPolicy(Qt::StrongFocus);
