@@ -1,6 +1,7 @@
 #include "platform/look.h"
 
 #include <QApplication>
+#include <QFontDatabase>
 #include <QPalette>
 #include <QStyleFactory>
 
@@ -64,26 +65,35 @@ QFont interfaceFont(int pixelSize) {
 }
 
 QFont textFont(int pixelSize) {
-    return fontOf({"IPAPGothic", "Yu Gothic UI", "Meiryo", "MS PGothic", "Hiragino Sans", "Noto Sans CJK JP"}, pixelSize);
+    return fontOf({"IPAPGothic", "Yu Gothic UI", "Meiryo", "MS PGothic", "Hiragino Sans", "Noto Sans CJK JP", "DejaVu Sans"},
+                  pixelSize);
 }
 
 QFont columnFont(int pixelSize) {
-    return fontOf({"IPAGothic", "MS Gothic", "Osaka-Mono", "Noto Sans Mono CJK JP"}, pixelSize, true);
+    return fontOf({"IPAGothic", "MS Gothic", "Osaka-Mono", "Noto Sans Mono CJK JP", "DejaVu Sans Mono"}, pixelSize, true);
 }
 
 QFont hexFont(int pixelSize) {
     return fontOf({"DejaVu Sans Mono", "Consolas", "Menlo"}, pixelSize, true);
 }
 
+bool japaneseFontFound() {
+    return !QFontDatabase::families(QFontDatabase::Japanese).isEmpty();
+}
+
 void applyTo(QApplication& application) {
     QApplication::setStyle(QStyleFactory::create("Fusion"));
-    QPalette palette;
-    palette.setColor(QPalette::Window, QColor::fromRgb(windowFace));
-    palette.setColor(QPalette::WindowText, QColor::fromRgb(ink));
+    // Made of these colours alone: a role that is left out would come from the desktop, light on light under a dark theme.
+    QPalette palette(QColor::fromRgb(toolStrip), QColor::fromRgb(windowFace));
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}) {
+        palette.setColor(role, QColor::fromRgb(ink));
+    }
     palette.setColor(QPalette::Base, Qt::white);
-    palette.setColor(QPalette::Text, QColor::fromRgb(ink));
-    palette.setColor(QPalette::Button, QColor::fromRgb(toolStrip));
-    palette.setColor(QPalette::ButtonText, QColor::fromRgb(ink));
+    palette.setColor(QPalette::AlternateBase, QColor::fromRgb(zebra));
+    palette.setColor(QPalette::ToolTipBase, QColor::fromRgb(popupFace));
+    palette.setColor(QPalette::PlaceholderText, QColor::fromRgb(faint));
+    palette.setColor(QPalette::Link, QColor::fromRgb(brandGreen));
+    palette.setColor(QPalette::LinkVisited, QColor::fromRgb(brandGreen));
     palette.setColor(QPalette::Highlight, QColor::fromRgb(brandGreen));
     palette.setColor(QPalette::HighlightedText, Qt::white);
     for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {

@@ -32,7 +32,10 @@ inline constexpr QRgb popupLine = 0xff8a7a2a;
 inline constexpr QRgb changed = 0xffff0000;
 inline constexpr QRgb unchanged = 0xff000000;
 
-// Palette and style sheet of the program.
+// Whether the desktop has any font with Japanese characters; without one they come out as empty boxes.
+bool japaneseFontFound();
+
+// Palette and style sheet of the program: the same on a dark desktop as on a light one.
 void applyTo(QApplication& application);
 
 }  // namespace look

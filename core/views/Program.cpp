@@ -21,6 +21,7 @@
 #include "core/views/frmMDI.h"
 #include "memwin/views/MemoryWindows.h"
 #include "platform/labels.h"
+#include "platform/look.h"
 #include "platform/paths.h"
 #include "platform/pictureFile.h"
 #include "platform/screen.h"
@@ -102,6 +103,12 @@ void Program::addStartSteps() {
         refreshAll();
         // The first tick after this starts a continuous scan.
         machine_.chipMemory[reg::scrLow] = firstScanLastAddress;
+        if (!look::japaneseFontFound()) {
+            // In the letters that this desktop does have.
+            frmDialog_->warningDialog({"No Japanese font was found: most texts of this\nprogram will appear as empty boxes.\n\n"
+                                       "Please install one, for example\nIPA Gothic or Noto Sans CJK JP.",
+                                       "   Font"});
+        }
     });
 }
 
