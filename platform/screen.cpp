@@ -2,7 +2,7 @@
 
 #include "platform/twips.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QScreen>
 #include <QStyle>
 #include <QWidget>
@@ -13,6 +13,18 @@ namespace {
 
 constexpr int besideEdge = twips(50);
 constexpr int aboveFoot = twips(500);
+
+void bringWindowsBack() {
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        const bool placedByHand = !(window->windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen | Qt::WindowMinimized));
+        if (window->isVisible() && window->windowType() != Qt::Popup && placedByHand) {
+            const QRect frame = window->frameGeometry();
+            if (const QRect kept = keptOnScreen(frame); kept != frame) {
+                window->move(kept.topLeft());
+            }
+        }
+    }
+}
 
 }  // namespace
 
@@ -41,6 +53,18 @@ QSize sizeWithFrame(const QWidget& window) {
 
 void placeWindow(QWidget& window, QPoint place) {
     window.move(keptOnScreen({place, sizeWithFrame(window)}).topLeft());
+}
+
+void followScreens(QObject& context) {
+    // Queued: first the desktop moves what it moves by itself.
+    const auto follow = [&context](QScreen* screen) {
+        QObject::connect(screen, &QScreen::availableGeometryChanged, &context, bringWindowsBack, Qt::QueuedConnection);
+    };
+    for (QScreen* screen : QGuiApplication::screens()) {
+        follow(screen);
+    }
+    QObject::connect(qApp, &QGuiApplication::screenAdded, &context, follow);
+    QObject::connect(qApp, &QGuiApplication::screenRemoved, &context, bringWindowsBack, Qt::QueuedConnection);
 }
 
 void placeBottomRight(QWidget& window) {

@@ -4,6 +4,7 @@
 
 #include <QRect>
 
+class QObject;
 class QWidget;
 
 // The part of the screen at `point` that windows may use; that of the first screen for a point outside all of them.
@@ -17,6 +18,10 @@ QSize sizeWithFrame(const QWidget& window);
 
 // Moves a window's frame to `place`, kept on the screen.
 void placeWindow(QWidget& window, QPoint place);
+
+// From now on every window that a screen leaves out of reach, because it has gone or become smaller, comes back onto one. As
+// long as `context` lives.
+void followScreens(QObject& context);
 
 // Moves a window to the bottom right of its owner's screen, clear of the edge by what a task bar wants.
 void placeBottomRight(QWidget& window);

@@ -72,6 +72,7 @@ Program::~Program() = default;
 // --- start ---------------------------------------------------------------------------------------------------------------
 
 void Program::Main() {
+    followScreens(*this);
     addStartSteps();
     runNextStep();
 }

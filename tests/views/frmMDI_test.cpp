@@ -2,6 +2,7 @@
 
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QSignalSpy>
 
 #include <algorithm>
@@ -134,6 +135,19 @@ TEST_F(MainWindow, navigator_wants_a_double_click_the_others_a_click) {
     EXPECT_EQ(activated.count(), 1);
     QTest::mouseClick(&main().label(Tool::defaultSet), Qt::LeftButton);
     EXPECT_EQ(activated.count(), 2);
+}
+
+TEST_F(MainWindow, and_the_others_come_back_when_a_screen_has_left_them_outside) {
+    start();
+    QScreen& screen = *QApplication::primaryScreen();
+    main().showNormal();
+    for (QWidget* window : QWidgetList{&main(), &registers()}) {
+        window->move(5000, 4000);  // on a second screen, say
+    }
+    emit screen.availableGeometryChanged(screen.availableGeometry());
+    QApplication::processEvents();
+    EXPECT_TRUE(screen.availableGeometry().contains(registers().frameGeometry()));
+    EXPECT_EQ(main().frameGeometry().topLeft(), screen.availableGeometry().topLeft()) << "larger than the screen";
 }
 
 TEST_F(MainWindow, asks_before_the_program_ends) {
