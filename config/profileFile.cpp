@@ -288,6 +288,22 @@ private:
     const SaveFault& fault_;
 };
 
+// The new file takes the old one's place, and that would need the folder's permission alone. Whoever protects the file means the
+// file. The bits count for an administrator too, whom the system itself would let pass.
+bool writeProtected(const fs::path& file) {
+    std::error_code error;
+    const fs::file_status status = fs::status(file, error);
+    if (!fs::exists(status)) {
+        return false;
+    }
+    constexpr fs::perms anyWrite = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+    bool writable = (status.permissions() & anyWrite) != fs::perms::none;
+#ifdef VRB_POSIX
+    writable = writable && faccessat(AT_FDCWD, file.c_str(), W_OK, AT_EACCESS) == 0;
+#endif
+    return !writable;
+}
+
 }  // namespace
 
 ProfileFile::ProfileFile(std::string bytes) : bytes_(std::move(bytes)) {}
@@ -358,7 +374,9 @@ std::optional<FileError> saveProfileFile(const fs::path& path, const ProfileFile
     }
     std::error_code error;
     const fs::path linked = fs::is_symlink(path, error) ? fs::weakly_canonical(path, error) : path;
-    error = Save(linked.empty() ? path : linked, profile.bytes(), fault).run();
+    const fs::path target = linked.empty() ? path : linked;
+    error =
+        writeProtected(target) ? std::make_error_code(std::errc::permission_denied) : Save(target, profile.bytes(), fault).run();
     return error ? std::optional(FileError{path, error}) : std::nullopt;
 }
 

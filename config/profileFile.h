@@ -6,7 +6,7 @@
 //
 // The file belongs to whoever edits it by hand: setting a value changes the bytes of that value and no other.
 //
-// Not handled: files in UTF-16, and two programs that save at the same moment (each file is whole, the later one stays).
+// Not handled: files in UTF-16. Of two programs that save at the same moment the later one's file stays, whole.
 
 #pragma once
 
@@ -58,8 +58,8 @@ using SaveFault = std::function<std::error_code(SaveStep)>;
 
 // Writes a profile as a file, with the folders that are missing. The bytes go to a new file beside it, which takes the place
 // of the old one when it is whole and on the disk: whatever breaks in, `path` is the old file or the new one. A link stays
-// a link, and the file keeps its permissions. After an error the old file is untouched and the new one gone; a kill
-// may leave a file "<name>.<digits>.tmp" behind.
+// a link, and the file keeps its permissions; one that is write-protected is left alone. After an error the old file is untouched
+// and the new one gone; a kill may leave a file "<name>.<digits>.tmp" behind.
 std::optional<FileError> saveProfileFile(const std::filesystem::path& path, const ProfileFile& profile,
                                          const SaveFault& fault = {});
 

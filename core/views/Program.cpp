@@ -106,9 +106,10 @@ void Program::addStartSteps() {
         machine_.chipMemory[reg::scrLow] = firstScanLastAddress;
         if (!look::japaneseFontFound()) {
             // In the letters that this desktop does have.
-            frmDialog_->warningDialog({"No Japanese font was found: most texts of this\nprogram will appear as empty boxes.\n\n"
-                                       "Please install one, for example\nIPA Gothic or Noto Sans CJK JP.",
-                                       "   Font"});
+            frmDialog_->warningDialog(
+                {"No Japanese font was found: most texts of this\nprogram will appear as empty boxes.\n\n"
+                 "Please install one, for example\nIPA Gothic or Noto Sans CJK JP.",
+                 "   Font"});
         }
     });
 }

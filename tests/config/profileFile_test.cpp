@@ -121,6 +121,30 @@ TEST_F(ProfileSave, that_is_killed_at_any_step_leaves_the_old_file_or_the_new_on
         EXPECT_EQ(bytesOf(path), profile.bytes());
     }
 }
+
+TEST_F(ProfileSave, of_two_programs_at_once_leaves_one_of_their_files_whole) {
+    constexpr int saves = 200;
+    put(path, profile.bytes());
+    const ProfileFile other("[INIT]\nA=3\n;" + std::string(20000, 'y'));
+    const pid_t child = fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        bool failed = false;
+        for (int done = 0; done < saves; ++done) {
+            failed = saveProfileFile(path, other).has_value() || failed;
+        }
+        _exit(failed ? 1 : 0);
+    }
+    for (int done = 0; done < saves; ++done) {
+        EXPECT_FALSE(saveProfileFile(path, profile));
+        const std::string found = bytesOf(path);
+        ASSERT_TRUE(found == profile.bytes() || found == other.bytes()) << found.size() << " bytes";
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
+    EXPECT_EQ(filesInFolder(), 1U);
+}
 #endif
 
 TEST_F(ProfileSave, makes_the_folders_and_keeps_permissions_and_links) {
@@ -128,13 +152,21 @@ TEST_F(ProfileSave, makes_the_folders_and_keeps_permissions_and_links) {
     EXPECT_FALSE(saveProfileFile(deep, profile));
     EXPECT_EQ(bytesOf(deep), profile.bytes());
 
-    constexpr fs::perms readOnly = fs::perms::owner_read | fs::perms::group_read;
-    fs::permissions(deep, readOnly);
+    constexpr fs::perms ownersAlone = fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read;
+    fs::permissions(deep, ownersAlone);
     fs::create_symlink(deep, path);
     EXPECT_FALSE(saveProfileFile(path, ProfileFile(before)));
     EXPECT_TRUE(fs::is_symlink(path));
     EXPECT_EQ(bytesOf(deep), before);
-    EXPECT_EQ(fs::status(deep).permissions(), readOnly);
+    EXPECT_EQ(fs::status(deep).permissions(), ownersAlone);
+
+    fs::permissions(deep, fs::perms::owner_read | fs::perms::group_read);
+    for (const fs::path& name : {deep, path}) {
+        const auto error = saveProfileFile(name, profile);
+        ASSERT_TRUE(error) << "who protects a file means it";
+        EXPECT_EQ(error->reason, std::errc::permission_denied);
+    }
+    EXPECT_EQ(bytesOf(deep), before);
 }
 
 TEST_F(ProfileSave, and_read_name_what_is_in_the_way) {
