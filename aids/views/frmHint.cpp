@@ -119,6 +119,7 @@ void frmHint::paintEvent(QPaintEvent* /*event*/) {
     painter.fillRect(rect(), QColor::fromRgb(look::windowFace));
     const QPoint corner(inset, tabsHeight(pageCount()) + 2 * inset);
     if (!picture_.isNull()) {
+        painter.setRenderHint(QPainter::SmoothPixmapTransform);  // for screens between the two sizes of a picture
         painter.drawPixmap(corner, picture_);
         return;
     }

@@ -85,6 +85,7 @@ void frmKAIROZU::paintEvent(QPaintEvent* /*event*/) {
         painter.drawText(rect().adjusted(12, 0, -12, 0), Qt::AlignCenter | Qt::TextWordWrap, message_);
         return;
     }
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);  // for screens between the two sizes of a picture
     painter.drawPixmap(0, 0, picKAIROZU_);
     painter.drawPixmap(0, 0, picHalf_);
 }

@@ -201,6 +201,7 @@ void frmVersion::paintEvent(QPaintEvent* /*event*/) {
     painter.fillRect(0, 0, width(), 8, QColor::fromRgb(look::brandGreen));
     const QPixmap logo = ImageList("picLogo").image(1, devicePixelRatioF());
     const QSizeF logoSize = logo.deviceIndependentSize();
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.drawPixmap(QPointF((width() - logoSize.width()) / 2, 14), logo);
     painter.setPen(QColor(0xd9, 0xa7, 0x2b));
     painter.setBrush(QColor(0xff, 0xf8, 0xdc));
