@@ -133,7 +133,8 @@ void frmVersion::showProgress(const QString& text) {
     }
     progressStep_ = nextProgressStep(progressStep_);
     lblProcess_[1]->resize(progressBarWidth(lblProcess_[0]->width(), progressStep_), lineHeight);
-    repaint();
+    // At once, and no more than has changed: the next step of the start holds up the event loop.
+    picProgress_->repaint();
 }
 
 void frmVersion::open() {
