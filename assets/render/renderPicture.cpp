@@ -2,8 +2,9 @@
 //
 //     renderPicture SOURCE.svg OUTPUT-FOLDER NAME.BMP
 //
-// writes OUTPUT-FOLDER/NAME.BMP with 256 colours, its rows packed as runs, and NAME@2x.png of twice its size for screens of high
-// resolution. Exit code 1 and a line on stderr when the source can't be read or a picture can't be written.
+// writes OUTPUT-FOLDER/NAME.BMP with 256 colours, its rows packed as runs, and NAME@2x.png of twice its size, with 256 colours of
+// its own, for screens of high resolution. Exit code 1 and a line on stderr when the source can't be read or a picture can't be
+// written.
 
 #include <QColor>
 #include <QDataStream>
@@ -178,7 +179,7 @@ int main(int argc, char** argv) {
     if (!writeBitmap(bitmap, withPalette(render(source, 1)))) {
         return fail(bitmap + QStringLiteral(" can't be written"));
     }
-    if (!render(source, 2).save(large, "PNG")) {
+    if (!withPalette(render(source, 2)).save(large, "PNG")) {
         return fail(large + QStringLiteral(" can't be written"));
     }
     return 0;
