@@ -103,11 +103,28 @@ void RegisterCell::focusOutEvent(QFocusEvent* event) {
     QWidget::focusOutEvent(event);
 }
 
+// SSR walks through the same few values, fifty times a second: each is drawn once, and then only copied.
+const QPixmap& RegisterCell::drawnText() {
+    if (drawnRatio_ != devicePixelRatioF() || drawn_.size() > mostDrawn) {
+        drawn_.clear();
+        drawnRatio_ = devicePixelRatioF();
+    }
+    QPixmap& picture = drawn_[{text_, red_}];
+    if (picture.isNull()) {
+        picture = QPixmap(size() * drawnRatio_);
+        picture.setDevicePixelRatio(drawnRatio_);
+        picture.fill(ground_);
+        QPainter painter(&picture);
+        painter.setFont(font());
+        painter.setPen(QColor::fromRgb(red_ ? look::changed : look::unchanged));
+        painter.drawText(0, (height() + fontMetrics().ascent() - fontMetrics().descent()) / 2, text_);
+    }
+    return picture;
+}
+
 void RegisterCell::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
-    painter.fillRect(rect(), ground_);
-    painter.setPen(QColor::fromRgb(red_ ? look::changed : look::unchanged));
-    painter.drawText(0, (height() + fontMetrics().ascent() - fontMetrics().descent()) / 2, text_);
+    painter.drawPixmap(0, 0, drawnText());
     if (ring_ && hasFocus()) {
         painter.setPen(QColor(0x1c, 0x5f, 0xb0));
         painter.drawRect(rect().adjusted(0, 1, -1, -2));

@@ -6,6 +6,8 @@
 #include "access/registerView.h"
 #include "platform/Timer.h"
 
+#include <QHash>
+#include <QPixmap>
 #include <QWidget>
 
 // One value of the window: a half of a register, in hexadecimal or binary. Painted by itself on its own ground: SSR changes with
@@ -32,10 +34,15 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    const QPixmap& drawnText();
+
+    static constexpr qsizetype mostDrawn = 64;
     QString text_;
     QColor ground_;
     bool red_ = false;
     bool ring_ = false;
+    QHash<std::pair<QString, bool>, QPixmap> drawn_;
+    qreal drawnRatio_ = 0;
 };
 
 class frmRegister : public QWidget {

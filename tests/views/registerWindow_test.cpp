@@ -53,6 +53,35 @@ TEST_F(RegisterWindow, the_low_byte_of_ssr_follows_the_scan_in_black) {
     EXPECT_EQ(colours(rowSSR), "rbrb");
 }
 
+// Cells keep what they have drawn: the same text in the other colour, and a text that comes back, are drawn as they are.
+TEST_F(RegisterWindow, paints_what_a_cell_says) {
+    start();
+    RegisterCell cell("00", Qt::white, nullptr);
+    cell.resize(30, 18);
+    const auto picture = [&cell](const QString& text, bool red) {
+        cell.show(text, red);
+        return cell.grab().toImage();
+    };
+    const auto holds = [](const QImage& image, const auto& colour) {
+        for (int pixel = 0; pixel < image.width() * image.height(); ++pixel) {
+            if (colour(image.pixelColor(pixel % image.width(), pixel / image.width()))) {
+                return true;
+            }
+        }
+        return false;
+    };
+    const auto reddish = [](const QColor& colour) { return colour.red() > colour.blue() + 100; };
+    const QImage black = picture("00", false);
+    const QImage red = picture("00", true);
+    EXPECT_FALSE(holds(black, reddish));
+    EXPECT_TRUE(holds(red, reddish));
+    for (int value = 1; value < 200; ++value) {
+        EXPECT_NE(picture(QString::number(value), false), black) << value;
+    }
+    EXPECT_EQ(picture("00", false), black);
+    EXPECT_EQ(picture("00", true), red);
+}
+
 TEST_F(RegisterWindow, shows_as_changed_what_moved_while_it_was_away) {
     start();
     fire();
