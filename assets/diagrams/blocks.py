@@ -133,6 +133,27 @@ def transceiver(sheet, half):
     sheet.gnd(372, 186)
 
 
+def reset_circuit(sheet):
+    """Low at power-on, and while the button is held."""
+    sheet.vcc(123, 261)
+    sheet.wire((110, 266), (136, 266))
+    sheet.wire((110, 266), (110, 304))
+    sheet.path('M104.5 288 H115.5 L110 279 Z', INK, 1.2, '#ffffff')
+    sheet.wire((104.5, 279), (115.5, 279), weight=1.4)
+    sheet.text(102, 287, 'D1', 9, INK, 'end')
+    sheet.resistor(136, 266, 304, 'R8 10k')
+    sheet.wire((110, 304), (CHIP_LEFT, 304))
+    for x in (136, 154, 178):
+        sheet.dot(x, 304)
+    sheet.capacitor(154, 304, 335, 'C4 1u', -1)
+    sheet.gnd(154, 335)
+    sheet.push(178, 304, 328)
+    sheet.text(190, 319, 'S1', 9)
+    sheet.resistor(178, 328, 351, 'R9 100')
+    sheet.gnd(178, 351)
+    sheet.text(186, 299, 'RESET', 9, bold=True)
+
+
 def clock_and_reset(sheet, clock='48MHz'):
     """Middle voltage of the line, reset, oscillator and supply."""
     sheet.vcc(34, 263)
@@ -150,24 +171,7 @@ def clock_and_reset(sheet, clock='48MHz'):
     sheet.text(64, 318, '0.1u', 9)
     sheet.gnd(56, 319)
 
-    sheet.vcc(123, 261)
-    sheet.wire((110, 266), (136, 266))
-    sheet.wire((110, 266), (110, 304))
-    sheet.path('M104.5 288 H115.5 L110 279 Z', INK, 1.2, '#ffffff')
-    sheet.wire((104.5, 279), (115.5, 279), weight=1.4)
-    sheet.text(102, 287, 'D1', 9, INK, 'end')
-    sheet.resistor(136, 266, 304, 'R8 10k')
-    sheet.wire((110, 304), (CHIP_LEFT, 304))
-    sheet.dot(136, 304)
-    sheet.dot(154, 304)
-    sheet.capacitor(154, 304, 335, 'C4 1u', -1)
-    sheet.gnd(154, 335)
-    sheet.dot(178, 304)
-    sheet.push(178, 304, 328)
-    sheet.text(190, 319, 'S1', 9)
-    sheet.resistor(178, 328, 351, 'R9 100')
-    sheet.gnd(178, 351)
-    sheet.text(186, 299, 'RESET', 9, bold=True)
+    reset_circuit(sheet)
 
     sheet.box(296, 262, 56, 30, '#eef1f3', INK, CHIP_LINE_OF_CAN, 4)
     sheet.text(324, 275, 'X1', 9.5, INK, 'middle', SANS, True)
@@ -355,22 +359,6 @@ def clock_and_reset_of_card(sheet):
             sheet.net(174, y + 3, name)
         sheet.note(206, y + 4, meaning)
     sheet.note(60, 244, '回線も SA のスイッチもない。Board-2 の呼びかけの続きを受け取る。', 'start', SECOND)
-    sheet.vcc(123, 261)
-    sheet.wire((110, 266), (136, 266))
-    sheet.wire((110, 266), (110, 304))
-    sheet.path('M104.5 288 H115.5 L110 279 Z', INK, 1.2, '#ffffff')
-    sheet.wire((104.5, 279), (115.5, 279), weight=1.4)
-    sheet.text(102, 287, 'D1', 9, INK, 'end')
-    sheet.resistor(136, 266, 304, 'R8 10k')
-    sheet.wire((110, 304), (CHIP_LEFT, 304))
-    for x in (136, 154, 178):
-        sheet.dot(x, 304)
-    sheet.capacitor(154, 304, 335, 'C4 1u', -1)
-    sheet.gnd(154, 335)
-    sheet.push(178, 304, 328)
-    sheet.text(190, 319, 'S1', 9)
-    sheet.resistor(178, 328, 351, 'R9 100')
-    sheet.gnd(178, 351)
-    sheet.text(186, 299, 'RESET', 9, bold=True)
+    reset_circuit(sheet)
     sheet.wire((330, 277), (CHIP_LEFT, 277))
     sheet.note(250, 281, 'CN1 の 3 から')

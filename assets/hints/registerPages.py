@@ -96,43 +96,44 @@ REQUESTS = [
 ]
 
 
-def request_table(page, y):
-    return page.table(18, y, [70, 322, 116, 76], REQUESTS, ['要求ビット', '立つとき', '時', 'INT1R にも'], 16.5)
+def requests(name, title, row, bytes_, example, writers, remarks, tries, *legend):
+    """The page of an interrupt register: both show the same table of requests."""
+    page = Page(name, title, [('起動直後', '0000H'), ('リセット後', '0000H')])
+    page.bits(row, '上位バイト %s　許可' % bytes_[0], '下位バイト %s　要求' % bytes_[1])
+    page.example(example)
+    page.writers(writers)
+    foot = page.table(18, 140, [70, 322, 116, 76], REQUESTS, ['要求ビット', '立つとき', '時', 'INT1R にも'], 16.5)
+    for line, remark in enumerate(remarks):
+        page.text(MARGIN, foot + 17 * (line + 1), remark, 12.5)
+    page.try_it(foot + 43, tries)
+    page.text(MARGIN, 419, '16ビットで書くと、上位はその値になり、下位は 1 を書いたビットが消える。断られる値はない。', 12.5, SECOND)
+    page.legend(*legend)
+    return page
 
 
 def int0r():
-    page = Page('INT0R', '割り込み0 レジスタ', [('起動直後', '0000H'), ('リセット後', '0000H')])
-    page.bits(bits('E7 E6 E5 E4 E3 E2 E1 E0', 'you') + bits('R7 R6 R5 R4 R3 R2 R1 R0', 'scan'),
-              '上位バイト 587H　許可', '下位バイト 586H　要求')
-    page.example('0808H')
-    page.writers([(15, 8, 'あなた', 'you'), (7, 0, 'スキャンが立て、あなたが 1 を書いて消す', 'scan')])
-    foot = request_table(page, 140)
-    page.text(MARGIN, foot + 17, '許可 *En* が 1 のときだけ、要求 *Rn* が立つ。1つでも立つと、基板に INT0 の表示が光る。', 12.5)
-    page.text(MARGIN, foot + 34, '*R2* が 1 のあいだ、スキャンは次の訪問をせずに待つ。消すと続きから動く。', 12.5)
-    page.try_it(foot + 43, ['INT0R に 0800H を書く。「1周が終わった」の許可である。',
-                            'すぐ次の周の終わりに 0808H になり、INT0 の表示が光る。',
-                            '0008H を書くと許可も要求も消えて、0000H になる。'])
-    page.text(MARGIN, 419, '16ビットで書くと、上位はその値になり、下位は 1 を書いたビットが消える。断られる値はない。', 12.5, SECOND)
-    page.legend(['you', 'scan'], '0200H：変化のあった周の終わりに INT0')
-    return page
+    return requests(
+        'INT0R', '割り込み0 レジスタ',
+        bits('E7 E6 E5 E4 E3 E2 E1 E0', 'you') + bits('R7 R6 R5 R4 R3 R2 R1 R0', 'scan'), ('587H', '586H'), '0808H',
+        [(15, 8, 'あなた', 'you'), (7, 0, 'スキャンが立て、あなたが 1 を書いて消す', 'scan')],
+        ['許可 *En* が 1 のときだけ、要求 *Rn* が立つ。1つでも立つと、基板に INT0 の表示が光る。',
+         '*R2* が 1 のあいだ、スキャンは次の訪問をせずに待つ。消すと続きから動く。'],
+        ['INT0R に 0800H を書く。「1周が終わった」の許可である。', 'すぐ次の周の終わりに 0808H になり、INT0 の表示が光る。',
+         '0008H を書くと許可も要求も消えて、0000H になる。'],
+        ['you', 'scan'], '0200H：変化のあった周の終わりに INT0')
 
 
 def int1r():
-    page = Page('INT1R', '割り込み1 レジスタ', [('起動直後', '0000H'), ('リセット後', '0000H')])
-    page.bits(bits('E7 E6 E5 E4 E3', 'you') + [ZERO] * 3 + bits('R7 R6 R5 R4 R3', 'scan') + [ZERO] * 3,
-              '上位バイト 589H　許可', '下位バイト 588H　要求')
-    page.example('F808H')
-    page.writers([(15, 11, 'あなた', 'you'), (10, 8, 'いつも0', 'zero'), (7, 3, 'スキャン、消すのは人', 'scan'),
-                  (2, 0, 'いつも0', 'zero')])
-    foot = request_table(page, 140)
-    page.text(MARGIN, foot + 17, 'INT0R と同じ働きで、ビット3 から 7 だけを持つ。スキャンを待たせるビットはない。', 12.5)
-    page.text(MARGIN, foot + 34, '2つの割り込みに、別々の用事を割り当てられる。要求が立つと INT1 の表示が光る。', 12.5)
-    page.try_it(foot + 43, ['正常なスキャン中に、INT1R に FFFFH を書く。',
-                            'F808H になる。許可は5ビットだけが残り、「1周が終わった」の要求がすぐ立つ。',
-                            '00FFH を書くと許可も要求も消えて、0000H になる。'])
-    page.text(MARGIN, 419, '16ビットで書くと、上位はその値になり、下位は 1 を書いたビットが消える。断られる値はない。', 12.5, SECOND)
-    page.legend(['you', 'scan', 'zero'])
-    return page
+    return requests(
+        'INT1R', '割り込み1 レジスタ',
+        bits('E7 E6 E5 E4 E3', 'you') + [ZERO] * 3 + bits('R7 R6 R5 R4 R3', 'scan') + [ZERO] * 3, ('589H', '588H'), 'F808H',
+        [(15, 11, 'あなた', 'you'), (10, 8, 'いつも0', 'zero'), (7, 3, 'スキャン、消すのは人', 'scan'), (2, 0, 'いつも0', 'zero')],
+        ['INT0R と同じ働きで、ビット3 から 7 だけを持つ。スキャンを待たせるビットはない。',
+         '2つの割り込みに、別々の用事を割り当てられる。要求が立つと INT1 の表示が光る。'],
+        ['正常なスキャン中に、INT1R に FFFFH を書く。',
+         'F808H になる。許可は5ビットだけが残り、「1周が終わった」の要求がすぐ立つ。',
+         '00FFH を書くと許可も要求も消えて、0000H になる。'],
+        ['you', 'scan', 'zero'])
 
 
 def c1cr():
