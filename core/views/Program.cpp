@@ -407,7 +407,7 @@ void Program::activateTool(Tool tool) {
             break;
         case Tool::defaultSet: openSettings(); break;
         case Tool::registerHint: openHint(); break;
-        case Tool::navigator: openNaviList(); break;
+        case Tool::navigator: lblNagigator_DblClick(); break;
     }
 }
 
@@ -500,17 +500,22 @@ void Program::loadNaviIndex() {
         text, [&naviPath](const std::string& fileName) { return !fileInFolder(naviPath, textOf(fileName)).empty(); });
 }
 
-void Program::openNaviList() {
+void Program::lblNagigator_DblClick() {
     if (frmVersion_ != nullptr && frmVersion_->isVisible()) {
         return;
     }
     memoryWindows_->hideChooser();
+    if (frmNaviList_ != nullptr && frmNaviList_->isVisible()) {
+        QApplication::beep();
+    }
+    openNaviList();
+}
+
+void Program::openNaviList() {
     if (frmNaviList_ == nullptr) {
         frmNaviList_ = std::make_unique<frmNaviList>(naviIndex_, frmMDI_.get());
         connect(frmNaviList_.get(), &frmNaviList::startWanted, this, &Program::startNavigation);
         connect(frmNaviList_.get(), &frmNaviList::hidden, this, [this] { frmMDI_->label(Tool::navigator).setWindowOpen(false); });
-    } else if (frmNaviList_->isVisible()) {
-        QApplication::beep();
     }
     frmMDI_->label(Tool::navigator).setWindowOpen(true);
     frmNaviList_->openList();

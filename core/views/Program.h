@@ -110,6 +110,7 @@ private:
     void showHint();
     void setKAIROZU(int index);
     void loadNaviIndex();
+    void lblNagigator_DblClick();
     void openNaviList();
     void startNavigation(std::size_t number);
     void loadNavigation();
