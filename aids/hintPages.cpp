@@ -7,11 +7,11 @@
 std::vector<HintPage> readHintList(std::string_view text) {
     std::vector<HintPage> pages;
     forEachLine(text, [&pages](std::string_view line) {
-        const auto tab = line.find('\t');
-        if (line.starts_with(';') || tab == std::string_view::npos) {
+        if (line.starts_with(';')) {
             return;
         }
-        const std::string_view rest = line.substr(tab + 1);
+        const auto tab = line.find('\t');
+        const std::string_view rest = tab == std::string_view::npos ? std::string_view() : line.substr(tab + 1);
         pages.push_back({std::string(line.substr(0, tab)), std::string(rest.substr(0, rest.find('\t')))});
     });
     return pages;

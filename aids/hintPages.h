@@ -3,7 +3,8 @@
 //   list file    ; a comment
 //                picture file <tab> caption of its tab
 //
-// Pages are numbered from 0 in the order of the file. A line without a tab names no page and is skipped.
+// Pages are numbered from 0 in the order of the file. Every line but a comment is a page, so that no slip in one line moves the
+// pages behind it: without a tab its caption is empty, and on an empty line its picture too.
 
 #pragma once
 

@@ -52,7 +52,10 @@ std::filesystem::path fileInFolder(const std::filesystem::path& folder, const QS
 PictureFile loadPicture(const std::filesystem::path& folder, const QString& name, qreal screenRatio) {
     const std::filesystem::path file = fileInFolder(folder, name);
     if (file.empty()) {
-        return {{}, 1, QStringLiteral("%1 が見つかりません。").arg(name)};
+        return {{},
+                1,
+                name.isEmpty() ? QStringLiteral("画像のファイル名がありません。")
+                               : QStringLiteral("%1 が見つかりません。").arg(name)};
     }
     const QSize size = sizeOf(file);
     if (size.width() > largestSide || size.height() > largestSide || QFileInfo(textOfPath(file)).size() > largestFile) {

@@ -44,14 +44,14 @@ TEST(CircuitDiagram, follows_every_setting_that_it_shows) {
     }
 }
 
-TEST(HintPages, are_the_lines_with_a_picture_and_a_caption) {
-    const std::vector<HintPage> pages{{"scr.bmp", "SCR"}, {"c.bmp", " C1CR C2CR "}, {"int.bmp", "INT0R"}, {"e.bmp", ""}};
+TEST(HintPages, are_the_lines_that_are_no_comment) {
+    const std::vector<HintPage> pages{{"scr.bmp", "SCR"},       {"no tab", ""},       {"", ""},
+                                      {"c.bmp", " C1CR C2CR "}, {"int.bmp", "INT0R"}, {"e.bmp", ""}};
     EXPECT_EQ(
         readHintList("scr.bmp\tSCR\tignored\r\n;no.bmp\tno page\r\nno tab\r\n\r\nc.bmp\t C1CR C2CR \nint.bmp\tINT0R\re.bmp\t"),
         pages);
-    EXPECT_EQ(readHintList("\t\r\n"), (std::vector<HintPage>{{"", ""}}));
     EXPECT_TRUE(readHintList("").empty());
-    EXPECT_EQ(pageFor(pages, "C2CR"), 1U) << "a part of a caption";
+    EXPECT_EQ(pageFor(pages, "C2CR"), 3U) << "a part of a caption";
     EXPECT_EQ(pageFor({{"a", "xSCRx"}, {"b", "SCR"}}, "SCR"), 0U) << "the first match wins";
     EXPECT_EQ(pageFor(pages, "BCR"), std::nullopt);
 }
