@@ -9,11 +9,11 @@
 #include "boards/views/frmHard.h"
 #include "config/settings.h"
 #include "core/simulation.h"
-#include "core/views/Program.h"
-#include "core/views/frmMDI.h"
 #include "memwin/views/MemoryWindows.h"
 #include "platform/look.h"
 #include "platform/paths.h"
+#include "program/Program.h"
+#include "program/frmMDI.h"
 #include "tests/bench.h"
 
 #include <QApplication>

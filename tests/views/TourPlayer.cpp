@@ -11,11 +11,11 @@
 #include "aids/views/frmMessage.h"
 #include "boards/views/BenchCombo.h"
 #include "boards/views/frmEditSerial.h"
-#include "core/views/frmMDI.h"
 #include "memwin/views/MemoryWindows.h"
 #include "memwin/views/frmDump.h"
 #include "memwin/views/frmDumpSel.h"
 #include "platform/OvertypeField.h"
+#include "program/frmMDI.h"
 
 #include <QApplication>
 #include <QLabel>

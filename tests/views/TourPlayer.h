@@ -24,8 +24,8 @@
 
 #pragma once
 
-#include "core/views/Program.h"
 #include "memwin/views/DumpGrid.h"
+#include "program/Program.h"
 #include "tests/views/BenchHand.h"
 
 #include <map>

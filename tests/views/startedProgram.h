@@ -7,9 +7,9 @@
 #include "aids/views/frmDialog.h"
 #include "aids/views/frmMessage.h"
 #include "aids/views/frmVersion.h"
-#include "core/views/Program.h"
-#include "core/views/frmMDI.h"
 #include "platform/OvertypeField.h"
+#include "program/Program.h"
+#include "program/frmMDI.h"
 
 #include <QApplication>
 #include <QLabel>

@@ -5,8 +5,8 @@
 
 #include "core/mduMain.h"
 #include "core/runControl.h"
-#include "core/views/ToolLabel.h"
 #include "platform/Timer.h"
+#include "program/ToolLabel.h"
 
 #include <QMainWindow>
 #include <QPointer>

@@ -1,4 +1,4 @@
-#include "core/views/Program.h"
+#include "program/Program.h"
 
 #include "access/views/frmEditRegister.h"
 #include "access/views/frmRegister.h"
@@ -18,7 +18,6 @@
 #include "boards/views/frmHard.h"
 #include "config/restart.h"
 #include "config/views/frmDefault.h"
-#include "core/views/frmMDI.h"
 #include "memwin/views/MemoryWindows.h"
 #include "platform/labels.h"
 #include "platform/look.h"
@@ -27,6 +26,7 @@
 #include "platform/screen.h"
 #include "platform/textFile.h"
 #include "platform/twips.h"
+#include "program/frmMDI.h"
 
 #include <QApplication>
 #include <QCursor>

@@ -1,4 +1,4 @@
-#include "core/views/frmMDI.h"
+#include "program/frmMDI.h"
 
 #include "platform/ImageList.h"
 #include "platform/labels.h"

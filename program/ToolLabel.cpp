@@ -1,4 +1,4 @@
-#include "core/views/ToolLabel.h"
+#include "program/ToolLabel.h"
 
 #include "platform/ImageList.h"
 
