@@ -9,14 +9,14 @@ ToolLabel::ToolLabel(const QString& caption, Gesture gesture, QWidget* parent) :
     setFocusPolicy(Qt::TabFocus);  // a click leaves the focus with the window at work
     setAccessibleName(caption.trimmed());
     setWindowOpen(false);
-    if (gesture == Gesture::click) {
+    if (gesture != Gesture::doubleClick) {
         connect(this, &QPushButton::clicked, this, &ToolLabel::activated);
     }
 }
 
 void ToolLabel::setWindowOpen(bool open) {
     windowOpen_ = open;
-    const QCursor wanted = gesture_ == Gesture::click ? singleClickPointer() : doubleClickPointer();
+    const QCursor wanted = gesture_ == Gesture::doubleClick ? doubleClickPointer() : singleClickPointer();
     setCursor(open ? QCursor(Qt::ArrowCursor) : wanted);
     setAccessibleDescription(open ? QStringLiteral("open") : QString());
     setProperty("windowOpen", open);
@@ -29,10 +29,10 @@ void ToolLabel::keyPressEvent(QKeyEvent* event) {
                             (event->key() == Qt::Key_Space && gesture_ == Gesture::doubleClick);
     if (!gestureKey) {
         QPushButton::keyPressEvent(event);
-    } else if (gesture_ == Gesture::click) {
-        click();
-    } else {
+    } else if (gesture_ == Gesture::doubleClick) {
         emit activated();
+    } else {
+        click();
     }
 }
 
@@ -44,7 +44,11 @@ void ToolLabel::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void ToolLabel::mouseDoubleClickEvent(QMouseEvent* event) {
-    QPushButton::mouseDoubleClickEvent(event);  // the second press of a click label is a press like any other
+    if (gesture_ == Gesture::click) {
+        event->accept();  // many people double-click everything: what the first click has opened stays open
+        return;
+    }
+    QPushButton::mouseDoubleClickEvent(event);
     if (gesture_ == Gesture::doubleClick && event->button() == Qt::LeftButton) {
         emit activated();
     }

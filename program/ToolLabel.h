@@ -9,7 +9,8 @@ class ToolLabel : public QPushButton {
     Q_OBJECT
 
 public:
-    enum class Gesture { click, doubleClick };
+    // A fast series on a label of `everyClick` is so many clicks; on one of `click` it is one.
+    enum class Gesture { click, everyClick, doubleClick };
 
     ToolLabel(const QString& caption, Gesture gesture, QWidget* parent);
 

@@ -3,14 +3,15 @@
 #include "platform/ImageList.h"
 #include "platform/labels.h"
 #include "platform/look.h"
+#include "program/DeskArea.h"
 
 #include <QButtonGroup>
 #include <QCloseEvent>
 #include <QDateTime>
 #include <QFrame>
 #include <QHBoxLayout>
+#include <QKeySequence>
 #include <QLabel>
-#include <QMdiArea>
 #include <QMessageBox>
 #include <QPainter>
 #include <QVBoxLayout>
@@ -21,17 +22,24 @@ struct ToolRow {
     const char* name;
     const char* caption;
     ToolLabel::Gesture gesture;
+    const char* tip;
 };
 
 // By Tool.
 constexpr std::array<ToolRow, toolCount> toolRows{{
-    {"lblRegisterWindow", "Register Window", ToolLabel::Gesture::click},
-    {"lblMemoryWindow", "Memory Window", ToolLabel::Gesture::click},
-    {"lblRegisterHint", "Register Hint", ToolLabel::Gesture::click},
-    {"lblNagigator", "Navigator", ToolLabel::Gesture::doubleClick},
-    {"lblDefault", "Simurator Default Set", ToolLabel::Gesture::click},
-    {"lblVersion", "Version", ToolLabel::Gesture::click},
+    {"lblRegisterWindow", "Register Window", ToolLabel::Gesture::click, "クリックでレジスタの窓を開きます。"},
+    {"lblMemoryWindow", "Memory Window", ToolLabel::Gesture::click, "クリックでメモリの窓を選びます。"},
+    {"lblRegisterHint", "Register Hint", ToolLabel::Gesture::click, "クリックでレジスタの説明を開きます。"},
+    {"lblNagigator", "Navigator", ToolLabel::Gesture::doubleClick,
+     "ダブルクリックで、はじめての方のための案内の一覧を開きます。"},
+    {"lblDefault", "Simurator Default Set", ToolLabel::Gesture::click, "クリックで設定の窓を開きます。"},
+    {"lblVersion", "Version", ToolLabel::Gesture::click, "クリックでこのプログラムの説明を開きます。"},
 }};
+
+// By run mode.
+constexpr std::array<const char*, runModes.size()> modeTips{"時間を動かします。1秒に3350局を訪ねます。", "時間を止めます。",
+                                                            "ゆっくり動かします。0.3秒に1局を訪ねます。",
+                                                            "クリックするたびに1局だけ訪ねます。"};
 
 // The strip with its line at the foot; the modes stand on a grid of 51 pixels, above the track of the tick bar.
 constexpr int stripHeight = 45;
@@ -82,11 +90,7 @@ frmMDI::frmMDI(Machine& machine) : machine_(machine) {
     setWindowTitle("VRB-TS");
     setWindowIcon(programIcon());
 
-    area_ = new QMdiArea(this);
-    area_->setBackground(QColor::fromRgb(look::workspace));
-    area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-    area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-    area_->setFrameShape(QFrame::NoFrame);
+    area_ = new DeskArea(this);
 
     auto* face = new QWidget(this);
     auto* column = new QVBoxLayout(face);
@@ -95,10 +99,10 @@ frmMDI::frmMDI(Machine& machine) : machine_(machine) {
     column->addWidget(makeToolBox());
     column->addWidget(area_, 1);
     setCentralWidget(face);
-    area_->setFocusPolicy(Qt::StrongFocus);
-    area_->setFocus();  // the labels of the strip wait for Tab
+    area_->setFocus();  // the labels of the strip wait for their key
 
     connect(&timTick_, &Timer::timeout, this, &frmMDI::timTick_Timer);
+    timTick_.setEnabled(false);  // until the window is loaded
     timTick_.setInterval(runModes[modeRun].interval);
     lblRunMode(modeRun).setChecked(true);
     showTickBar();
@@ -108,6 +112,7 @@ ToolLabel* frmMDI::makeLabel(Tool tool) {
     const ToolRow& row = toolRows[static_cast<std::size_t>(tool)];
     auto* label = new ToolLabel(row.caption, row.gesture, this);
     label->setObjectName(row.name);
+    label->setToolTip(QStringLiteral("%1\nキー: F6 のあと Tab で選び、Return").arg(row.tip));
     connect(label, &ToolLabel::activated, this, [this, tool] { emit toolActivated(tool); });
     labels_[static_cast<std::size_t>(tool)] = label;
     return label;
@@ -149,11 +154,13 @@ QWidget* frmMDI::makeRunModes() {
     auto* modes = new QButtonGroup(this);
     for (std::size_t index = 0; index < runModes.size(); ++index) {
         const auto caption = runModes[index].caption;
-        auto* label = new ToolLabel(textOf(caption), ToolLabel::Gesture::click, box);
+        auto* label = new ToolLabel(textOf(caption), ToolLabel::Gesture::everyClick, box);
         label->setObjectName(QStringLiteral("lblRunMode%1").arg(index));
         label->setProperty("runMode", true);
         label->setFont(look::interfaceFont(11));
         label->setCheckable(true);
+        label->setToolTip(QStringLiteral("%1\nキー: %2")
+                              .arg(modeTips[index], QKeySequence(runModeKeys[index]).toString(QKeySequence::PortableText)));
         label->setGeometry(static_cast<int>(index) * modePitch, 17, modePitch - 2, 20);
         modes->addButton(label);
         lblRunMode_[index] = label;
@@ -164,6 +171,10 @@ QWidget* frmMDI::makeRunModes() {
     shpTick_ = new TickTrack(box);
     shpTick_->setGeometry(0, 39, tickTrackWidth, tickBarHeight);
     return box;
+}
+
+QMdiArea& frmMDI::area() {
+    return *area_;
 }
 
 void frmMDI::lblRunMode_Click(int index) {

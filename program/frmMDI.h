@@ -11,9 +11,10 @@
 #include <QMainWindow>
 #include <QPointer>
 
+class DeskArea;
+class QMdiArea;
 class TickTrack;
 class QLabel;
-class QMdiArea;
 class QMessageBox;
 
 // The labels of the tool strip that lead to a window.
@@ -26,6 +27,10 @@ class frmMDI : public QMainWindow {
 public:
     explicit frmMDI(Machine& machine);
 
+    // The keys of the run modes, by index: those of a debugger's run, stop and single step.
+    static constexpr std::array<QKeyCombination, runModes.size()> runModeKeys{
+        QKeyCombination(Qt::Key_F5), Qt::SHIFT | Qt::Key_F5, Qt::CTRL | Qt::Key_F5, QKeyCombination(Qt::Key_F10)};
+
     // Selects a run mode, 0 to 3, as a click on its label does.
     void lblRunMode_Click(int index);
     // A firing of the main timer.
@@ -35,7 +40,7 @@ public:
     ToolLabel& lblRunMode(int index) { return *lblRunMode_[static_cast<std::size_t>(index)]; }
     Timer& timTick() { return timTick_; }
     const TickBar& tickBar() const { return tickBar_; }
-    QMdiArea& area() { return *area_; }
+    QMdiArea& area();
 
 signals:
     void toolActivated(Tool tool);
@@ -65,6 +70,6 @@ private:
     std::array<ToolLabel*, toolCount> labels_{};
     std::array<ToolLabel*, runModes.size()> lblRunMode_{};
     TickTrack* shpTick_ = nullptr;
-    QMdiArea* area_ = nullptr;
+    DeskArea* area_ = nullptr;
     QPointer<QMessageBox> exitQuestion_;
 };

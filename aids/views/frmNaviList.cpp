@@ -7,6 +7,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -37,7 +38,9 @@ QPushButton* makeButton(const char* name, const char* caption, QWidget* parent) 
 }  // namespace
 
 frmNaviList::frmNaviList(const std::vector<NaviRecord>& naviIndex, QWidget* owner)
-    : QDialog(owner, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint),
+    : QDialog(owner, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint |
+                         // in front of the tour window too: under it, neither of the two could be used
+                         Qt::WindowStaysOnTopHint),
       lstTitle_(new QListWidget(this)),
       cmdStart_(makeButton("cmdStart", "Navigation Start", this)),
       cmdCancel_(makeButton("cmdCancel", "Cancel", this)) {
@@ -87,10 +90,19 @@ void frmNaviList::openList() {
 }
 
 void frmNaviList::cmdStart_Click() {
+    if (!isVisible()) {
+        return;  // the second click of a hasty pair: the first has begun the tour
+    }
     emit startWanted(static_cast<std::size_t>(lstTitle_->currentRow()) + 1);
 }
 
-void frmNaviList::hideEvent(QHideEvent* event) {
-    QDialog::hideEvent(event);
-    emit hidden();
+void frmNaviList::tellMissing() {
+    if (notice_ != nullptr) {
+        return;
+    }
+    notice_ = new QMessageBox(QMessageBox::Information, "確認", "ファイルが見つかりません。", QMessageBox::Ok, this);
+    notice_->setObjectName("naviNotice");
+    notice_->setAttribute(Qt::WA_DeleteOnClose);
+    notice_->setWindowFlag(Qt::WindowStaysOnTopHint);
+    notice_->open();
 }

@@ -141,6 +141,9 @@ QString frmNavigation::lblIndex() const {
 }
 
 void frmNavigation::cmdAction_Click(Action action) {
+    if (!isVisible()) {
+        return;  // the second click of a hasty pair
+    }
     switch (action) {
         case actionBack:
         case actionNext:

@@ -83,7 +83,7 @@ std::vector<std::string> statementsOf(const std::string& script) {
 
 TourPlayer::TourPlayer(Program& program) : program_(program) {
     // Room for the whole bench, also on a small test screen.
-    frmMDI& main = *program.mainWindow();
+    frmMDI& main = program.mainWindow();
     main.showNormal();
     main.resize(1280, 994);
     main.move(-500, -300);
@@ -136,11 +136,11 @@ void TourPlayer::playStatement(const std::string& statement) {
         {"label", [](TourPlayer& p, const Words& w) { p.label(w); }},
         {"got",
          [](TourPlayer& p, const Words& w) {
-             EXPECT_EQ(p.program_.memoryWindows()->readDialog().findChild<QLabel*>("lblData")->text().toStdString(), w.at(0));
+             EXPECT_EQ(p.program_.memory().readDialog()->findChild<QLabel*>("lblData")->text().toStdString(), w.at(0));
          }},
         {"bus",
          [](TourPlayer& p, const Words& w) {
-             const frmDump& dump = *p.program_.memoryWindows()->window(Area::controlDoDi);
+             const frmDump& dump = *p.program_.memory().window(Area::controlDoDi);
              EXPECT_EQ(wordsOf(dump.findChild<QLabel*>("lblCPUType")->text().toStdString()), w);
          }},
         {"sa", [](TourPlayer& p, const Words& w) { p.stationAddress(w); }},
@@ -169,10 +169,10 @@ void TourPlayer::playStatement(const std::string& statement) {
 // --- the bench -------------------------------------------------------------------------------------------------------------
 
 BenchHand TourPlayer::hand() {
-    frmHard& bench = *program_.hardware();
+    frmHard& bench = *program_.bench().bench();
     // A click on the bench brings the main window to the front.
-    program_.mainWindow()->activateWindow();
-    program_.mainWindow()->area().setActiveSubWindow(&bench);
+    program_.mainWindow().activateWindow();
+    program_.mainWindow().area().setActiveSubWindow(&bench);
     QApplication::processEvents();
     return BenchHand(bench);
 }
@@ -199,7 +199,7 @@ BenchPart* TourPlayer::part(const Words& words) {
 
 void TourPlayer::pick(const Words& words) {
     const Part wanted = partOf(words);
-    BenchCombo* box = program_.hardware()->combo(wanted.name, wanted.index);
+    BenchCombo* box = program_.bench().bench()->combo(wanted.name, wanted.index);
     ASSERT_NE(box, nullptr);
     ASSERT_TRUE(box->isOpen()) << "nothing has opened it";
     for (int item = 0; item < box->count(); ++item) {
@@ -225,9 +225,9 @@ void TourPlayer::image(const Words& words) {
 
 void TourPlayer::seen(const Words& words, bool seen) {
     const Part wanted = partOf(words);
-    if (const BenchPart* found = program_.hardware()->part(wanted.name, wanted.index)) {
+    if (const BenchPart* found = program_.bench().bench()->part(wanted.name, wanted.index)) {
         EXPECT_EQ(found->isVisible(), seen);
-    } else if (const BenchLabel* text = program_.hardware()->label(wanted.name, wanted.index)) {
+    } else if (const BenchLabel* text = program_.bench().bench()->label(wanted.name, wanted.index)) {
         EXPECT_EQ(text->isVisible(), seen);
     } else {
         ADD_FAILURE() << "no such part";
@@ -236,7 +236,7 @@ void TourPlayer::seen(const Words& words, bool seen) {
 
 void TourPlayer::label(const Words& words) {
     const Part wanted = partOf(words);
-    const BenchLabel* text = program_.hardware()->label(wanted.name, wanted.index);
+    const BenchLabel* text = program_.bench().bench()->label(wanted.name, wanted.index);
     ASSERT_NE(text, nullptr);
     EXPECT_EQ(text->text().trimmed().toStdString(), wanted.value);
 }
@@ -246,7 +246,7 @@ void TourPlayer::label(const Words& words) {
 void TourPlayer::mode(const Words& words) {
     for (std::size_t index = 0; index < runModes.size(); ++index) {
         if (trimmed(std::string(runModes[index].caption)) == words.at(0)) {
-            QTest::mouseClick(&program_.mainWindow()->lblRunMode(static_cast<int>(index)), Qt::LeftButton);
+            QTest::mouseClick(&program_.mainWindow().lblRunMode(static_cast<int>(index)), Qt::LeftButton);
             return;
         }
     }
@@ -255,7 +255,7 @@ void TourPlayer::mode(const Words& words) {
 
 void TourPlayer::fireFor(double seconds) {
     if (seconds >= 2) {
-        program_.message()->hide();  // popups stay for two seconds
+        program_.aids().message()->hide();  // popups stay for two seconds
     }
     const auto fireWhenDue = [](Timer& timer, double& since) {
         since += step;
@@ -265,14 +265,14 @@ void TourPlayer::fireFor(double seconds) {
         }
     };
     for (double elapsed = 0; elapsed < 1000 * seconds; elapsed += step) {
-        fireWhenDue(program_.mainWindow()->timTick(), sinceTick_);
-        fireWhenDue(program_.hardware()->timMotor(), sinceMotor_);
+        fireWhenDue(program_.mainWindow().timTick(), sinceTick_);
+        fireWhenDue(program_.bench().bench()->timMotor(), sinceMotor_);
     }
 }
 
 void TourPlayer::openWindow(const Words& words, bool open) {
-    frmMDI& main = *program_.mainWindow();
-    MemoryWindows& memory = *program_.memoryWindows();
+    frmMDI& main = program_.mainWindow();
+    MemoryWindows& memory = program_.memory();
     const std::string& name = words.at(0);
     const std::map<std::string, int> choices{{"control", frmDumpSel::controlDoDi},
                                              {"c1c7", frmDumpSel::c1ToC7},
@@ -280,15 +280,16 @@ void TourPlayer::openWindow(const Words& words, bool open) {
                                              {"read", frmDumpSel::memoryRead}};
     if (const auto choice = choices.find(name); choice != choices.end() && open) {
         QTest::mouseClick(&main.label(Tool::memoryWindow), Qt::LeftButton);
-        QTest::mouseClick(&memory.chooser().cmdAREA(choice->second), Qt::LeftButton);
+        QTest::mouseClick(&memory.chooser()->cmdAREA(choice->second), Qt::LeftButton);
     } else if (choice != choices.end()) {
-        choice->second == frmDumpSel::memoryRead ? memory.readDialog().close()
+        choice->second == frmDumpSel::memoryRead ? memory.readDialog()->close()
                                                  : memory.window(static_cast<Area>(choice->second))->parentWidget()->close();
     } else if (name == "register") {
         open ? QTest::mouseClick(&main.label(Tool::registerWindow), Qt::LeftButton)
-             : static_cast<void>(program_.registerWindow()->close());
+             : static_cast<void>(program_.registers().window()->close());
     } else if (name == "hint") {
-        open ? QTest::mouseClick(&main.label(Tool::registerHint), Qt::LeftButton) : static_cast<void>(program_.hints()->close());
+        open ? QTest::mouseClick(&main.label(Tool::registerHint), Qt::LeftButton)
+             : static_cast<void>(program_.aids().hints()->close());
     } else {
         ADD_FAILURE() << "no such window";
     }
@@ -315,15 +316,16 @@ void enter(QWidget& dialog, const std::string& value) {
 }  // namespace
 
 void TourPlayer::point(const Words& words) {
-    ASSERT_TRUE(program_.registerWindow() != nullptr && program_.registerWindow()->isVisible()) << "the register window is shut";
+    ASSERT_TRUE(program_.registers().window() != nullptr && program_.registers().window()->isVisible())
+        << "the register window is shut";
     const RegisterName name = registerOf(words.at(0));
     const auto column = name.half == Half::high ? frmRegister::valHigh : frmRegister::valLow;
-    QTest::mouseDClick(&program_.registerWindow()->cell(name.row, column), Qt::LeftButton);
+    QTest::mouseDClick(&program_.registers().window()->cell(name.row, column), Qt::LeftButton);
 }
 
 void TourPlayer::write(const Words& words) {
     point(words);
-    enter(*program_.registerDialog(), words.at(1));
+    enter(*program_.registers().writeDialog(), words.at(1));
 }
 
 DumpGrid& TourPlayer::doubleClickCell(const std::string& address) {
@@ -331,7 +333,7 @@ DumpGrid& TourPlayer::doubleClickCell(const std::string& address) {
     const auto row = std::find_if(dumpAreas.begin(), dumpAreas.end(), [place](const DumpArea& area) {
         return place >= area.firstByte && place < area.firstByte + area.cells;
     });
-    frmDump& dump = *program_.memoryWindows()->window(row->area);
+    frmDump& dump = *program_.memory().window(row->area);
     EXPECT_TRUE(dump.isVisible()) << "its dump window is shut";
     const int cell = addressToLabel(program_.machine(), place - row->firstByte);
     QTest::mouseDClick(&dump.grid(), Qt::LeftButton, {}, dump.grid().cellRect(cell, DumpGrid::Side::data).center());
@@ -340,11 +342,11 @@ DumpGrid& TourPlayer::doubleClickCell(const std::string& address) {
 
 void TourPlayer::set(const Words& words) {
     doubleClickCell(words.at(0));
-    enter(program_.memoryWindows()->writeDialog(), words.at(1));
+    enter(*program_.memory().writeDialog(), words.at(1));
 }
 
 void TourPlayer::read(const Words& words) {
-    frmMemoryRead& dialog = program_.memoryWindows()->readDialog();
+    frmMemoryRead& dialog = *program_.memory().readDialog();
     ASSERT_TRUE(dialog.isVisible()) << "the read dialog is shut";
     auto* field = dialog.findChild<OvertypeField*>("txtAddress");
     field->setFocus();
@@ -355,7 +357,7 @@ void TourPlayer::read(const Words& words) {
 
 void TourPlayer::serial(const Words& words) {
     hand().doubleClick(hand().part("picSDI", std::stoul(words.at(0))));
-    frmEditSerial& dialog = *program_.serialDialog();
+    frmEditSerial& dialog = *program_.bench().serialDialog();
     ASSERT_TRUE(dialog.isVisible());
     QTest::keyClick(&dialog.txtWriteData(), Qt::Key_Home);
     QTest::keyClicks(&dialog.txtWriteData(), QString::fromStdString(words.at(1)));
@@ -363,14 +365,14 @@ void TourPlayer::serial(const Words& words) {
     QTest::mouseClick(&dialog.cmdAction(frmEditSerial::actionStart), Qt::LeftButton);
     for (int firings = 0; dialog.isVisible() && firings < 100; ++firings) {
         dialog.timEnter().fire();
-        program_.mainWindow()->timTick().fire();
+        program_.mainWindow().timTick().fire();
     }
     EXPECT_FALSE(dialog.isVisible());
 }
 
 std::string TourPlayer::shownBy(const std::string& register_) {
     const RegisterName name = registerOf(register_);
-    frmRegister* window = program_.registerWindow();
+    frmRegister* window = program_.registers().window();
     EXPECT_TRUE(window != nullptr && window->isVisible()) << "the register window is shut";
     const std::string high = window->cell(name.row, frmRegister::valHigh).text().toStdString();
     const std::string low = window->cell(name.row, frmRegister::valLow).text().toStdString();
@@ -436,14 +438,14 @@ void TourPlayer::mem(const Words& words) {
 // --- what the program says ---------------------------------------------------------------------------------------------------
 
 std::string TourPlayer::said() const {
-    const QString popup = program_.message()->isVisible() ? program_.message()->text() : QString();
-    const frmDialog& dialog = *program_.dialog();
+    const QString popup = program_.aids().message()->isVisible() ? program_.aids().message()->text() : QString();
+    const frmDialog& dialog = *program_.aids().dialog();
     return (dialog.isVisible() ? dialog.findChild<QLabel*>("lblMessage")->text() : popup).toStdString();
 }
 
 void TourPlayer::answer(Qt::Key key) {
-    frmDialog& dialog = *program_.dialog();
+    frmDialog& dialog = *program_.aids().dialog();
     ASSERT_TRUE(dialog.isVisible()) << "nothing is asked";
     QTest::keyClick(&dialog, key);
-    program_.mainWindow()->activateWindow();
+    program_.mainWindow().activateWindow();
 }

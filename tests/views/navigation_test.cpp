@@ -34,15 +34,15 @@ protected:
         closePanel();
     }
     void closePanel() {
-        if (program->versionPanel() != nullptr) {
-            program->versionPanel()->hide();
+        if (program->aids().versionPanel() != nullptr) {
+            program->aids().versionPanel()->hide();
         }
     }
     void pointNavigator() { QTest::mouseDClick(&main().label(Tool::navigator), Qt::LeftButton); }
-    frmNaviList& list() { return *program->naviList(); }
-    bool listUp() { return program->naviList() != nullptr && list().isVisible(); }
-    frmNavigation& tour() { return *program->navigation(); }
-    bool tourUp() { return program->navigation() != nullptr && tour().isVisible(); }
+    frmNaviList& list() { return *program->aids().naviList(); }
+    bool listUp() { return program->aids().naviList() != nullptr && list().isVisible(); }
+    frmNavigation& tour() { return *program->aids().navigation(); }
+    bool tourUp() { return program->aids().navigation() != nullptr && tour().isVisible(); }
     void startTour(int row) {
         pointNavigator();
         list().lstTitle().setCurrentRow(row);
@@ -86,13 +86,13 @@ TEST_F(Navigator, a_tour_starts_on_the_makers_bench_and_turns_its_pages) {
     EXPECT_EQ(main().label(Tool::navigator).cursor().shape(), Qt::BitmapCursor);
     EXPECT_EQ(machine().boardSA[saQDA73], 9) << "Cancel does nothing else";
 
-    const frmHard* bench = program->hardware();
+    const frmHard* bench = program->bench().bench();
     startTour(0);
     EXPECT_FALSE(listUp());
     ASSERT_TRUE(tourUp());
     EXPECT_EQ(machine().boardSA[saQDA73], 1);
     EXPECT_EQ(machine().runMode, modeRun);
-    EXPECT_NE(program->hardware(), bench) << "the machine started anew";
+    EXPECT_NE(program->bench().bench(), bench) << "the machine started anew";
     EXPECT_TRUE(tour().windowFlags() & Qt::WindowStaysOnTopHint);
     EXPECT_EQ(tour().lblIndex(), "1/2");
     EXPECT_EQ(shown(0), "baBbbc");
@@ -113,28 +113,28 @@ TEST_F(Navigator, a_tour_starts_on_the_makers_bench_and_turns_its_pages) {
     EXPECT_FALSE(tourUp());
     QTest::keyClick(&list(), Qt::Key_Escape);
     EXPECT_FALSE(listUp() || tourUp()) << "paused";
-    bench = program->hardware();
+    bench = program->bench().bench();
     startTour(1);
-    EXPECT_NE(program->hardware(), bench) << "every tour starts the machine anew";
+    EXPECT_NE(program->bench().bench(), bench) << "every tour starts the machine anew";
     EXPECT_EQ(tour().lblIndex(), "1/2") << "of seven lines";
     EXPECT_EQ(shown(0), "b一") << "found in any case, and read in its code page";
     press(frmNavigation::actionEnd);
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_EQ(program->navigation(), nullptr);
+    EXPECT_EQ(program->aids().navigation(), nullptr);
     startTour(0);
     tour().close();
-    EXPECT_EQ(program->navigation(), nullptr);
+    EXPECT_EQ(program->aids().navigation(), nullptr);
 }
 
 TEST_F(Navigator, files_that_are_no_tours_do_no_harm) {
     startWithTours();
-    const frmHard* bench = program->hardware();
+    const frmHard* bench = program->bench().bench();
     for (const int missing : {3, 4}) {
         startTour(missing);
         EXPECT_EQ(notice(), "確認: ファイルが見つかりません。");
         EXPECT_TRUE(listUp()) << "the learner stays in the list";
     }
-    EXPECT_EQ(program->hardware(), bench);
+    EXPECT_EQ(program->bench().bench(), bench);
     startTour(2);
     EXPECT_EQ(tour().lblIndex(), "1/0");
     EXPECT_EQ(shown(0), "");
@@ -149,9 +149,9 @@ TEST_F(Navigator, files_that_are_no_tours_do_no_harm) {
 TEST_F(Navigator, waits_for_the_version_panel_and_lives_without_an_index) {
     start();
     fire();
-    program->versionPanel()->open();
+    program->aids().versionPanel()->open();
     pointNavigator();
-    EXPECT_EQ(program->naviList(), nullptr);
+    EXPECT_EQ(program->aids().naviList(), nullptr);
     closePanel();
     pointNavigator();
     ASSERT_TRUE(listUp());

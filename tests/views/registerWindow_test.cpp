@@ -97,7 +97,7 @@ TEST_F(RegisterWindow, status_and_protected_registers_do_not_open) {
     start();
     fire();
     for (std::size_t column = 0; column < 4; ++column) {
-        program->message()->hide();
+        program->aids().message()->hide();
         open(rowSSR, column);
         EXPECT_EQ(popupText(), "このレジスタはリードオンリーです。");
         open(rowBCR, column);
@@ -172,12 +172,12 @@ TEST_F(RegisterWindow, a_written_value_ends_black_and_a_refused_one_is_said) {
     fire();
     EXPECT_FALSE(machine().scanRunning);
     write(rowBCR, frmRegister::valLow, "0003");
-    ASSERT_TRUE(program->dialog()->isVisible());
-    EXPECT_EQ(program->dialog()->findChild<QLabel*>("lblMessage")->text(),
+    ASSERT_TRUE(program->aids().dialog()->isVisible());
+    EXPECT_EQ(program->aids().dialog()->findChild<QLabel*>("lblMessage")->text(),
               "\nＢＣＲレジスタのフル/ハーフ設定がハードウェア設定と一致していません。\n\n"
               "ハードウェアの設定を変更するか、ＢＣＲの値を変更するまで開始しません。");
-    QTest::keyClick(program->dialog(), Qt::Key_Return);
-    EXPECT_FALSE(program->dialog()->isVisible());
+    QTest::keyClick(program->aids().dialog(), Qt::Key_Return);
+    EXPECT_FALSE(program->aids().dialog()->isVisible());
 }
 
 TEST_F(RegisterWindow, the_scan_goes_on_behind_the_dialog_and_is_asked_at_the_write) {

@@ -29,10 +29,10 @@ protected:
         std::filesystem::copy(naviData, std::filesystem::path(folder.path().toStdString()) / "NaviData");
         start(makersFile + "OPENWINDOW3=1\r\n");
         fire();
-        program->versionPanel() != nullptr ? program->versionPanel()->hide() : void();
+        program->aids().versionPanel() != nullptr ? program->aids().versionPanel()->hide() : void();
         player.emplace(*program);
     }
-    frmNavigation& tour() { return *program->navigation(); }
+    frmNavigation& tour() { return *program->aids().navigation(); }
 
     std::optional<TourPlayer> player;
 };
@@ -61,10 +61,10 @@ TEST_P(Tours, keep_what_they_promise) {
     const std::vector<NaviRecord> tours = toursOfIndex();
     SCOPED_TRACE(tours[GetParam()].fileName);
     QTest::mouseDClick(&main().label(Tool::navigator), Qt::LeftButton);
-    ASSERT_NE(program->naviList(), nullptr);
-    program->naviList()->lstTitle().setCurrentRow(static_cast<int>(GetParam()) - 1);
-    QTest::mouseClick(&program->naviList()->cmdStart(), Qt::LeftButton);
-    ASSERT_NE(program->navigation(), nullptr) << "its file is missing";
+    ASSERT_NE(program->aids().naviList(), nullptr);
+    program->aids().naviList()->lstTitle().setCurrentRow(static_cast<int>(GetParam()) - 1);
+    QTest::mouseClick(&program->aids().naviList()->cmdStart(), Qt::LeftButton);
+    ASSERT_NE(program->aids().navigation(), nullptr) << "its file is missing";
     main().timTick().setEnabled(false);
     ASSERT_GE(tour().tour().naviPages, 8);
     EXPECT_LE(tour().tour().naviPages, 20);

@@ -1,4 +1,4 @@
-#include "aids/views/frmOsiro.h"
+#include "boards/views/frmOsiro.h"
 
 #include <QPainter>
 
