@@ -32,6 +32,7 @@ AreaWindow::AreaWindow(QMdiArea& area) : QMdiSubWindow(&area, areaFlags) {
 
 void AreaWindow::setContent(QWidget& content) {
     setWidget(&content);
+    content.show();  // a hidden content counts as none for the size
     setWindowTitle(content.windowTitle());
     fit();
 }

@@ -255,7 +255,7 @@ void TourPlayer::mode(const Words& words) {
 
 void TourPlayer::fireFor(double seconds) {
     if (seconds >= 2) {
-        program_.aids().message()->hide();  // popups stay for two seconds
+        program_.aids().hideMessage();  // popups stay for two seconds
     }
     const auto fireWhenDue = [](Timer& timer, double& since) {
         since += step;

@@ -502,7 +502,7 @@ TEST_F(Bench, diagrams_and_serial_input_are_asked_for_by_their_chip) {
     EXPECT_EQ(argument(wanted), 4);
     EXPECT_EQ(choose("cmbCPUType", "picCPU", 1), 0);
     // The bus type reaches the memory windows; the read dialog goes with an 8-bit bus.
-    program->memory().readDialog()->show();
+    chooseMemory(frmDumpSel::memoryRead);
     EXPECT_EQ(choose("cmbCPUType", "picCPU", 3), 0);
     EXPECT_TRUE(isUp(program->memory().readDialog()));
     EXPECT_EQ(choose("cmbCPUType", "picCPU", 2), 0);

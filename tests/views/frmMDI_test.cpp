@@ -47,7 +47,7 @@ TEST_F(MainWindow, comes_up_running_with_a_scan_of_stations_1_to_4) {
 TEST_F(MainWindow, comes_up_without_a_settings_file) {
     start("");
     EXPECT_TRUE(machine().startupDone);
-    EXPECT_EQ(program->registers().window(), nullptr);
+    EXPECT_FALSE(isUp(program->registers().window()));
     EXPECT_EQ(main().label(Tool::registerWindow).cursor().shape(), Qt::BitmapCursor);
     EXPECT_NE(std::count(machine().chipMemory.begin(), machine().chipMemory.begin() + registerBase, 0), registerBase)
         << "memory is random";
@@ -117,7 +117,7 @@ TEST_F(MainWindow, a_label_tells_whether_its_window_is_open) {
     QTest::mouseClick(&label, Qt::LeftButton);
     EXPECT_TRUE(registers().isVisible()) << "a click on the label of an open window leaves it open";
     registers().close();
-    EXPECT_EQ(program->registers().window(), nullptr);
+    EXPECT_FALSE(isUp(program->registers().window()));
     EXPECT_EQ(label.cursor().shape(), Qt::BitmapCursor);
     QTest::mouseClick(&label, Qt::LeftButton);
     ASSERT_NE(program->registers().window(), nullptr);
@@ -174,7 +174,7 @@ TEST_F(MainWindow, asks_before_the_program_ends) {
     QTest::mouseClick(question()->button(QMessageBox::Ok), Qt::LeftButton);
     EXPECT_EQ(finished.count(), 1);
     EXPECT_FALSE(main().isVisible());
-    EXPECT_EQ(program->registers().window(), nullptr);
+    EXPECT_FALSE(isUp(program->registers().window()));
 }
 
 }  // namespace

@@ -97,12 +97,12 @@ TEST_F(RegisterWindow, status_and_protected_registers_do_not_open) {
     start();
     fire();
     for (std::size_t column = 0; column < 4; ++column) {
-        program->aids().message()->hide();
+        program->aids().hideMessage();
         open(rowSSR, column);
         EXPECT_EQ(popupText(), "このレジスタはリードオンリーです。");
         open(rowBCR, column);
         EXPECT_EQ(popupText(), "スキャン中はライトプロテクト。");
-        EXPECT_FALSE(dialog().isVisible());
+        EXPECT_FALSE(isUp(program->registers().writeDialog()));
     }
     machine().scanRunning = false;
     open(rowBCR, frmRegister::valLow);
@@ -149,7 +149,7 @@ TEST_F(RegisterWindow, the_dialog_shows_the_bus_address_of_what_is_written) {
         EXPECT_EQ(field().selectedText().size(), 1);
         EXPECT_EQ(colours(6), row.red);
         QTest::keyClick(&dialog(), Qt::Key_Escape);
-        EXPECT_FALSE(dialog().isVisible());
+        EXPECT_FALSE(isUp(program->registers().writeDialog()));
         EXPECT_EQ(colours(6), "bbbb");
     }
     EXPECT_EQ(memoryWord(machine(), reg::c1crLow), 0x12AB) << "cancel writes nothing";

@@ -120,7 +120,7 @@ TEST_F(Restart, fifty_times_with_every_window_open) {
         fire();
         QApplication::processEvents();
         EXPECT_EQ(machine().ios52, time % 8);
-        EXPECT_EQ(main().area().subWindowList().size(), 4) << "none of the old windows is left";
+        EXPECT_EQ(main().area().subWindowList().size(), 5) << "none of the old windows is left";
         for (const Area area : {Area::controlDoDi, Area::c1ToC7, Area::drc}) {
             EXPECT_TRUE(dumpVisible(area));
         }

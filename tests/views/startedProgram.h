@@ -7,12 +7,14 @@
 #include "aids/views/frmDialog.h"
 #include "aids/views/frmMessage.h"
 #include "aids/views/frmVersion.h"
+#include "memwin/views/frmDumpSel.h"
 #include "platform/OvertypeField.h"
 #include "program/Program.h"
 #include "program/frmMDI.h"
 
 #include <QApplication>
 #include <QLabel>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QTemporaryDir>
 #include <QTest>
@@ -57,6 +59,12 @@ protected:
     QString popupText() { return isUp(program->aids().message()) ? program->aids().message()->text() : QString(); }
 
     void popup(const char* text) { program->aids().say(Popup{text}); }
+
+    // An entry of the chooser of memory windows.
+    void chooseMemory(int entry) {
+        QTest::mouseClick(&main().label(Tool::memoryWindow), Qt::LeftButton);
+        QTest::mouseClick(&program->memory().chooser()->cmdAREA(entry), Qt::LeftButton);
+    }
 
     void fire(int firings = 1) {
         for (int done = 0; done < firings; ++done) {
