@@ -19,6 +19,9 @@ public:
     // Shows the list at the bottom right of the screen, or brings it to the front.
     void openList();
 
+    // Marks the tours of this file as finished, until the program ends.
+    void markFinished(const std::string& fileName);
+
     QListWidget& lstTitle() { return *lstTitle_; }
     QPushButton& cmdStart() { return *cmdStart_; }
     QPushButton& cmdCancel() { return *cmdCancel_; }
@@ -35,6 +38,7 @@ protected:
 private:
     void cmdStart_Click();
 
+    std::vector<std::string> fileNames_;  // by row
     QListWidget* lstTitle_;
     QPushButton* cmdStart_;
     QPushButton* cmdCancel_;

@@ -18,6 +18,7 @@
 #include "boards/views/frmHard.h"
 #include "config/restart.h"
 #include "config/views/frmDefault.h"
+#include "core/views/TourSight.h"
 #include "core/views/frmMDI.h"
 #include "memwin/views/MemoryWindows.h"
 #include "platform/labels.h"
@@ -542,7 +543,12 @@ void Program::startNavigation(std::size_t number) {
 }
 
 void Program::loadNavigation() {
-    frmNavigation_ = std::make_unique<frmNavigation>(folder_ / naviFolder, frmMDI_.get());
+    tourSight_ = std::make_unique<TourSight>(*this);
+    frmNavigation_ = std::make_unique<frmNavigation>(folder_ / naviFolder, machine_, *tourSight_, frmMDI_.get());
+    frmNavigation* tour = frmNavigation_.get();
+    connect(frmMessage_.get(), &frmMessage::appeared, tour, &frmNavigation::hear);
+    connect(frmDialog_.get(), &frmDialog::appeared, tour, &frmNavigation::hear);
+    connect(tour, &frmNavigation::finished, frmNaviList_.get(), &frmNaviList::markFinished);
     connect(frmNavigation_.get(), &frmNavigation::menuWanted, this, &Program::openNaviList);
     connect(frmNavigation_.get(), &frmNavigation::ended, this, [this] {
         frmNavigation_->hide();
@@ -570,6 +576,9 @@ void Program::refreshAll() {
     }
     if (memoryWindows_ != nullptr) {
         memoryWindows_->refreshAllAreas();
+    }
+    if (frmNavigation_ != nullptr) {
+        frmNavigation_->watch();
     }
 }
 

@@ -22,6 +22,7 @@
 #include <memory>
 
 class MemoryWindows;
+class TourSight;
 class frmDefault;
 class frmDialog;
 class frmEditRegister;
@@ -138,6 +139,7 @@ private:
     std::unique_ptr<frmKAIROZU> frmKAIROZU_;
     std::vector<NaviRecord> naviIndex_;
     std::unique_ptr<frmNaviList> frmNaviList_;
+    std::unique_ptr<TourSight> tourSight_;
     std::unique_ptr<frmNavigation> frmNavigation_;
     std::unique_ptr<frmOsiro> frmOsiro_;
     std::unique_ptr<frmRegister> frmRegister_;

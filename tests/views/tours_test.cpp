@@ -76,6 +76,8 @@ TEST_P(Tours, keep_what_they_promise) {
         player->forgetChecked();
         player->play(std::string(shownLine(tour().tour(), linesShown)));
         checks += static_cast<int>(player->checked().size());
+        player->play("wait 0.1");
+        EXPECT_NE(tour().picSign().sign(), TourSign::open) << "the page's sign didn't see it";
         for (std::size_t row = 0; row < linesShown; ++row) {
             promisesAreChecked(tour().picNav(row), player->checked());
             EXPECT_LE(tour().picNav(row).textWidth(), tour().picNav(row).width()) << "line " << row << " is cut off";
