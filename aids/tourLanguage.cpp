@@ -138,44 +138,44 @@ std::optional<std::string> readValue(const Statement& /*s*/, const Machine& /*ma
 
 // --- the words -----------------------------------------------------------------------------------------------------------------
 
-constexpr auto deed = WordKind::deed;
-constexpr auto promise = WordKind::promise;
+constexpr auto aDeed = WordKind::deed;
+constexpr auto aPromise = WordKind::promise;
 
-constexpr std::array<TourWord, 34> words{{
-    {"click", "PART", deed},
-    {"dblclick", "PART", deed},
-    {"hold", "PART", deed},
-    {"release", "", deed},
-    {"pick", "PART = TEXT", deed},
-    {"mode", "MODE", deed},
-    {"open", "WINDOW", deed},
-    {"close", "WINDOW", deed},
-    {"write", "REG VALUE", deed},
-    {"set", "ADDRESS VALUE", deed},
-    {"read", "ADDRESS", deed},
-    {"serial", "I WORD", deed},
-    {"ok", "", deed},
-    {"cancel", "", deed},
-    {"point", "REG", deed},
-    {"double", "ADDRESS", deed},
+constexpr std::array<TourWord, 34> vocabulary{{
+    {"click", "PART", aDeed},
+    {"dblclick", "PART", aDeed},
+    {"hold", "PART", aDeed},
+    {"release", "", aDeed},
+    {"pick", "PART = TEXT", aDeed},
+    {"mode", "MODE", aDeed},
+    {"open", "WINDOW", aDeed},
+    {"close", "WINDOW", aDeed},
+    {"write", "REG VALUE", aDeed},
+    {"set", "ADDRESS VALUE", aDeed},
+    {"read", "ADDRESS", aDeed},
+    {"serial", "I WORD", aDeed},
+    {"ok", "", aDeed},
+    {"cancel", "", aDeed},
+    {"point", "REG", aDeed},
+    {"double", "ADDRESS", aDeed},
     {"wait", "SECONDS", WordKind::pause},
-    {"reg", "REG VALUE", promise, memory},
-    {"mem", "ADDRESS VALUE", promise, memory},
-    {"differs", "REG VALUE", promise, memory, Keeping::different},
-    {"lit", "LAMP", promise, unlessHidden<lampOf>, Keeping::same, "lit"},
-    {"dark", "LAMP", promise, unlessHidden<lampOf>, Keeping::same, "dark"},
-    {"image", "PART = NUMBER", promise, unlessHidden<picture>},
-    {"shown", "PART", promise, visibility, Keeping::same, "shown"},
-    {"hidden", "PART", promise, visibility, Keeping::same, hiddenText},
-    {"label", "PART = TEXT", promise, unlessHidden<label>},
-    {"sa", "BOARD BYTE", promise, stationAddress},
-    {"bus", "TEXT", promise, busType},
-    {"got", "BYTE", promise, readValue},
-    {"says", "TEXT", promise, nullptr, Keeping::said},
-    {"silent", "", promise, nullptr, Keeping::silent},
-    {"moves", "THING", promise, thing, Keeping::moving},
-    {"still", "THING", promise, thing, Keeping::still},
-    {"cycle", "REG VALUES", promise, memory, Keeping::walking},
+    {"reg", "REG VALUE", aPromise, memory},
+    {"mem", "ADDRESS VALUE", aPromise, memory},
+    {"differs", "REG VALUE", aPromise, memory, Keeping::different},
+    {"lit", "LAMP", aPromise, unlessHidden<lampOf>, Keeping::same, "lit"},
+    {"dark", "LAMP", aPromise, unlessHidden<lampOf>, Keeping::same, "dark"},
+    {"image", "PART = NUMBER", aPromise, unlessHidden<picture>},
+    {"shown", "PART", aPromise, visibility, Keeping::same, "shown"},
+    {"hidden", "PART", aPromise, visibility, Keeping::same, hiddenText},
+    {"label", "PART = TEXT", aPromise, unlessHidden<label>},
+    {"sa", "BOARD BYTE", aPromise, stationAddress},
+    {"bus", "TEXT", aPromise, busType},
+    {"got", "BYTE", aPromise, readValue},
+    {"says", "TEXT", aPromise, nullptr, Keeping::said},
+    {"silent", "", aPromise, nullptr, Keeping::silent},
+    {"moves", "THING", aPromise, thing, Keeping::moving},
+    {"still", "THING", aPromise, thing, Keeping::still},
+    {"cycle", "REG VALUES", aPromise, memory, Keeping::walking},
 }};
 
 // --- reading -------------------------------------------------------------------------------------------------------------------
@@ -336,8 +336,8 @@ bool takeSlot(std::string_view name, Rest& rest, Statement& s) {
 std::optional<Statement> readStatement(const std::string& text) {
     const Words written = wordsOf(text);
     const auto* word =
-        std::find_if(words.begin(), words.end(), [&written](const TourWord& row) { return row.verb == written[0]; });
-    if (word == words.end()) {
+        std::find_if(vocabulary.begin(), vocabulary.end(), [&written](const TourWord& row) { return row.verb == written[0]; });
+    if (word == vocabulary.end()) {
         return std::nullopt;
     }
     Statement statement;
@@ -356,7 +356,7 @@ std::optional<Statement> readStatement(const std::string& text) {
 }  // namespace
 
 std::span<const TourWord> tourWords() {
-    return words;
+    return vocabulary;
 }
 
 Script readScript(std::string_view line) {

@@ -98,6 +98,7 @@ frmNavigation::frmNavigation(std::filesystem::path naviPath, const Machine& mach
         picNav_[row]->setObjectName(QStringLiteral("picNav%1").arg(row));
     }
     picSign_->setObjectName("picSign");
+    picSign_->raise();  // over the line's end
     lblIndex_->setObjectName("lblIndex");
     lblIndex_->setAlignment(Qt::AlignCenter);
     lblIndex_->setFont(look::interfaceFont(13));
