@@ -32,7 +32,6 @@ AreaWindow::AreaWindow(QMdiArea& area) : QMdiSubWindow(&area, areaFlags) {
 
 void AreaWindow::setContent(QWidget& content) {
     setWidget(&content);
-    content.show();  // a hidden content counts as none for the size
     setWindowTitle(content.windowTitle());
     fit();
 }
@@ -44,7 +43,8 @@ void AreaWindow::releaseContent() {
 void AreaWindow::fit() {
     // An icon is smaller than the content, so only the upper limit can stand for good.
     setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
-    const QSize wanted = sizeHint();
+    // Qt's own hint leaves a hidden content out.
+    const QSize wanted = widget()->minimumSize().grownBy(contentsMargins());
     setMaximumSize(wanted);
     if (!isMinimized()) {
         resize(wanted);

@@ -31,7 +31,8 @@ Program::Program(const std::filesystem::path& folder, const std::filesystem::pat
       registers_(machine_, frmMDI_),
       memory_(machine_, frmMDI_.area(), frmMDI_),
       bench_(machine_, frmMDI_.area(), frmMDI_),
-      aids_(machine_, frmMDI_.area(), frmMDI_, folder),
+      sight_(bench_, memory_),
+      aids_(machine_, frmMDI_.area(), frmMDI_, folder, sight_),
       settings_(settingsPlace_, frmMDI_),
       walk_(frmMDI_) {
     wireStrip();
@@ -275,4 +276,5 @@ void Program::refreshAll() {
     bench_.refresh();
     registers_.refresh();
     memory_.refreshAllAreas();
+    aids_.watchTour();
 }

@@ -14,6 +14,7 @@
 #include "core/mduMain.h"
 #include "memwin/views/MemoryWindows.h"
 #include "platform/Sound.h"
+#include "program/TourSight.h"
 #include "program/WindowWalk.h"
 #include "program/frmMDI.h"
 
@@ -82,6 +83,7 @@ private:
     RegisterWindows registers_;
     MemoryWindows memory_;
     BenchWindows bench_;
+    TourSight sight_;
     AidWindows aids_;
     SettingsWindows settings_;
     WindowWalk walk_;

@@ -26,12 +26,13 @@ constexpr const char* naviFolder = "NaviData";
 
 }  // namespace
 
-AidWindows::AidWindows(Machine& machine, QMdiArea& area, QWidget& owner, std::filesystem::path folder)
+AidWindows::AidWindows(Machine& machine, QMdiArea& area, QWidget& owner, std::filesystem::path folder, const SeenByLearner& seen)
     : machine_(machine),
       area_(area),
       owner_(owner),
       folder_(std::move(folder)),
-      frmMessage_(*this, [this] { return new frmMessage(&owner_); }),
+      seen_(seen),
+      frmMessage_(*this, [this] { return makeMessage(); }),
       frmDialog_(*this, [this] { return makeDialog(); }),
       frmVersion_(*this, [this] { return makeVersion(); }),
       frmHint_(
@@ -73,9 +74,16 @@ frmNavigation* AidWindows::navigation() const {
 
 // --- what is said --------------------------------------------------------------------------------------------------------
 
+frmMessage* AidWindows::makeMessage() {
+    auto* message = new frmMessage(&owner_);
+    connect(message, &frmMessage::appeared, this, &AidWindows::hear);
+    return message;
+}
+
 frmDialog* AidWindows::makeDialog() {
     auto* dialog = new frmDialog(&owner_);
     connect(dialog, &frmDialog::appeared, this, &AidWindows::beepWanted);
+    connect(dialog, &frmDialog::appeared, this, &AidWindows::hear);
     return dialog;
 }
 
@@ -184,13 +192,22 @@ void AidWindows::loadNaviIndex() {
 frmNaviList* AidWindows::makeNaviList() {
     auto* list = new frmNaviList(naviIndex_, &owner_);
     connect(list, &frmNaviList::startWanted, this, &AidWindows::startNavigation);
+    for (const std::string& fileName : finishedTours_) {
+        list->markFinished(fileName);
+    }
     return list;
 }
 
 frmNavigation* AidWindows::makeNavigation() {
-    auto* window = new frmNavigation(folder_ / naviFolder, &owner_);
+    auto* window = new frmNavigation(folder_ / naviFolder, machine_, seen_, &owner_);
     connect(window, &frmNavigation::menuWanted, this, &AidWindows::openNaviList);
     connect(window, &frmNavigation::ended, this, [this] { frmNavigation_.forget(); });
+    connect(window, &frmNavigation::finished, this, [this](const std::string& fileName) {
+        finishedTours_.insert(fileName);
+        if (frmNaviList* list = frmNaviList_.get()) {
+            list->markFinished(fileName);
+        }
+    });
     return window;
 }
 
@@ -207,6 +224,18 @@ void AidWindows::startNavigation(std::size_t number) {
     emit makersBenchWanted();  // what the tour tells the learner to do fits that bench
     frmNavigation_->setNavigation(naviIndex_[number].fileName);
     frmNavigation_->show();
+}
+
+void AidWindows::watchTour() {
+    if (frmNavigation_.visible()) {
+        frmNavigation_->watch();
+    }
+}
+
+void AidWindows::hear(const QString& text) {
+    if (frmNavigation_.visible()) {
+        frmNavigation_->hear(text);
+    }
 }
 
 void AidWindows::beginRestart() {

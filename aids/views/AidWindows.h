@@ -13,8 +13,11 @@
 
 #include <filesystem>
 #include <functional>
+#include <set>
+#include <string>
 
 class QMdiArea;
+class SeenByLearner;
 class frmDialog;
 class frmHint;
 class frmKAIROZU;
@@ -28,8 +31,8 @@ class AidWindows : public QObject {
 
 public:
     // Hint book and diagrams are children of `area`; the others belong to `owner`, the main window. The files of tours, hints and
-    // diagrams lie in `folder`, the program's.
-    AidWindows(Machine& machine, QMdiArea& area, QWidget& owner, std::filesystem::path folder);
+    // diagrams lie in `folder`, the program's. `seen` is what a tour promises and other sets show.
+    AidWindows(Machine& machine, QMdiArea& area, QWidget& owner, std::filesystem::path folder, const SeenByLearner& seen);
     ~AidWindows() override;
 
     // --- what is said ----------------------------------------------------------------------------------------------------
@@ -66,6 +69,8 @@ public:
     void loadNaviIndex();
     void openNaviList();
     bool naviListOpen() const { return frmNaviList_.visible(); }
+    // The windows were refreshed: a look at what the tour's page promises.
+    void watchTour();
 
     // The machine starts anew: what is open for the one that goes is hidden, and goes unanswered.
     void beginRestart();
@@ -89,6 +94,7 @@ signals:
     void makersBenchWanted();
 
 private:
+    frmMessage* makeMessage();
     frmDialog* makeDialog();
     frmVersion* makeVersion();
     frmHint* makeHint();
@@ -96,12 +102,15 @@ private:
     frmNaviList* makeNaviList();
     frmNavigation* makeNavigation();
     void startNavigation(std::size_t number);
+    void hear(const QString& text);
 
     Machine& machine_;
     QMdiArea& area_;
     QWidget& owner_;
     std::filesystem::path folder_;
+    const SeenByLearner& seen_;
     std::vector<NaviRecord> naviIndex_{1};  // from 1
+    std::set<std::string> finishedTours_;   // by file name
     OnDemand<frmMessage> frmMessage_;
     OnDemand<frmDialog> frmDialog_;
     OnDemand<frmVersion> frmVersion_;

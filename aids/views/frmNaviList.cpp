@@ -1,5 +1,6 @@
 #include "aids/views/frmNaviList.h"
 
+#include "aids/views/NaviSign.h"
 #include "platform/labels.h"
 #include "platform/look.h"
 #include "platform/screen.h"
@@ -51,11 +52,14 @@ frmNaviList::frmNaviList(const std::vector<NaviRecord>& naviIndex, QWidget* owne
     lstTitle_->setObjectName("lstTitle");
     lstTitle_->setFont(look::textFont(14));
     lstTitle_->setUniformItemSizes(true);
+    lstTitle_->setIconSize({NaviSign::size, NaviSign::size});
     lstTitle_->setMinimumSize(listSize);
     lstTitle_->setAccessibleName(windowTitle());
     for (std::size_t number = 1; number < naviIndex.size(); ++number) {
         auto* item = new QListWidgetItem(textOf(naviIndex[number].title), lstTitle_);
         item->setSizeHint({0, rowHeight});
+        item->setIcon(NaviSign::icon(TourSign::none));  // the place of the mark
+        fileNames_.push_back(naviIndex[number].fileName);
     }
     lstTitle_->setCurrentRow(0);
     cmdStart_->setDefault(true);
@@ -87,6 +91,16 @@ void frmNaviList::openList() {
     raise();
     activateWindow();
     lstTitle_->setFocus();
+}
+
+void frmNaviList::markFinished(const std::string& fileName) {
+    for (std::size_t row = 0; row < fileNames_.size(); ++row) {
+        if (fileNames_[row] == fileName) {
+            QListWidgetItem& item = *lstTitle_->item(static_cast<int>(row));
+            item.setIcon(NaviSign::icon(TourSign::done));
+            item.setData(Qt::AccessibleTextRole, item.text() + " (最後まで進みました)");
+        }
+    }
 }
 
 void frmNaviList::cmdStart_Click() {

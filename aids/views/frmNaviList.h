@@ -21,6 +21,9 @@ public:
     // Shows the list at the bottom right of the screen, or brings it to the front.
     void openList();
 
+    // Marks the tours of this file as finished, until the program ends.
+    void markFinished(const std::string& fileName);
+
     // Says that the chosen tour's file is missing; the list stays open.
     void tellMissing();
 
@@ -35,6 +38,7 @@ signals:
 private:
     void cmdStart_Click();
 
+    std::vector<std::string> fileNames_;  // by row
     QListWidget* lstTitle_;
     QPushButton* cmdStart_;
     QPushButton* cmdCancel_;

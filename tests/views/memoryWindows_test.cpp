@@ -279,8 +279,12 @@ TEST_F(MemoryView, read_outs_follow_pointer_and_keyboard) {
 TEST_F(MemoryView, always_in_front_takes_the_window_out_of_the_area_and_back) {
     start(withDump);
     auto* box = dump().findChild<QCheckBox*>("chkTopMost");
-    const QRect place(dump().mapToGlobal(QPoint()), dump().size());
-    const auto seenAt = [&] { return QRect(dump().mapToGlobal(QPoint()), dump().visibleRegion().boundingRect().size()); };
+    const auto seenAt = [&] {  // as far as its frame lets it be seen
+        return QRect(dump().mapToGlobal(QPoint()),
+                     dump().size().boundedTo(
+                         dump().parentWidget()->rect().marginsRemoved(dump().parentWidget()->contentsMargins()).size()));
+    };
+    const QRect place = seenAt();
     for (int time = 0; time < 2; ++time) {
         box->click();
         EXPECT_TRUE(dump().isWindow() && isUp(memory().window(Area::controlDoDi)));
