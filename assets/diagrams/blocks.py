@@ -154,7 +154,7 @@ def reset_circuit(sheet):
     sheet.text(186, 299, 'RESET', 9, bold=True)
 
 
-def clock_and_reset(sheet, clock='48MHz'):
+def clock_and_reset(sheet, clock):
     """Middle voltage of the line, reset, oscillator and supply."""
     sheet.vcc(34, 263)
     sheet.resistor(34, 269, 296, 'R6 1k')

@@ -12,7 +12,11 @@ PORTS = ((52, 'CN1', 'RXD1', 'U2', ('T1', 'T2'), 1), (150, 'CN2', 'RXD2', 'U3', 
 
 def port(sheet, half, top, connector, signal, chip, transformers, pin):
     """One of the two places for the line's cable: connector, transformers, transceiver."""
-    pins = [(top + 16 + 13 * place, place + 1) for place in range(6)]
+    # Full duplex crosses here: the center sends on the pair on which the boards receive. Half duplex has the one pair, and its
+    # transformer, that the center sends on.
+    numbers = (1, 2, 3, 4, 5, 6) if half else (3, 4, 1, 2, 5, 6)
+    receiving, sending = transformers
+    pins = [(top + 16 + 13 * place, number) for place, number in enumerate(numbers)]
     sheet.connector(24, top + 6, 30, 86, connector, pins)
     names = ['D+', 'D−', '', '', 'FG', ''] if half else ['RX+', 'RX−', 'TX+', 'TX−', 'FG', '']
     for (y, _), name in zip(pins, names):
@@ -29,7 +33,7 @@ def port(sheet, half, top, connector, signal, chip, transformers, pin):
     for x in (68, 74, 80):
         sheet.wire((x - 4, pins[5][0] + 8), (x, pins[5][0] + 3), weight=1.2)
     sheet.wire((68, pins[5][0] + 3), (80, pins[5][0] + 3), weight=1.2)
-    pair(sheet, receive, transformers[0], ('RA', 'RB'))
+    pair(sheet, receive, sending if half else receiving, ('RA', 'RB'))
     if half:
         for y, driver, x in ((receive[0], send[0], 288), (receive[1], send[1], 280)):
             sheet.dot(x, y)
@@ -37,11 +41,11 @@ def port(sheet, half, top, connector, signal, chip, transformers, pin):
             sheet.resistor_across(x, 312, driver)
             sheet.text((x + 312) / 2, driver + 13, '22', 9, INK, 'middle')
         sheet.box(206, send[0] - 2, 58, 26, 'none', FAINT, 1, 3, '3 3')
-        sheet.text(235, send[0] + 15, transformers[1] + ' 未実装', 8.5, FAINT, 'middle')
+        sheet.text(235, send[0] + 15, receiving + ' 未実装', 8.5, FAINT, 'middle')
     else:
-        pair(sheet, send, transformers[1], ('TA', 'TB'))
+        pair(sheet, send, sending, ('TA', 'TB'))
     sheet.box(312, top + 6, 46, 88, WHITE)
-    sheet.text(335, top + 3, chip + ' TRX', 9, INK, 'middle', None, True)
+    sheet.text(335, top + 73, chip + ' TRX', 9, INK, 'middle', None, True)
     for y, name in zip(receive + send, 'ABYZ'):
         sheet.text(316, y + 3.5, name, 9, INK, 'start', SANS)
     for y, name in ((top + 16, 'RO'), (top + 34, '#RE'), (top + 58, 'DE'), (top + 82, 'DI')):
@@ -89,31 +93,32 @@ def line_section(sheet, half):
     sheet.wire((358, 86), (366, 86), (366, 188))
     sheet.wire((358, 184), (366, 184))
     sheet.dot(366, 184)
-    sheet.wire((366, 188), (390, 188))
+    sheet.wire((366, 188), (382, 188))
     for number, y in enumerate((176, 188, 200), 1):
-        sheet.box(387, y - 3, 6, 6, WHITE, INK, 1, 0)
-        sheet.number(382, y - 2 if number == 2 else y + 3, number, 'end')
-    sheet.box(384.5, 182.5 if half else 170.5, 11, 23, 'none', STRAP, 1.8, 2.5)
-    sheet.wire((393, 176), (410, 176))
-    sheet.gnd(410, 176)
-    sheet.wire((393, 200), (432, 200))
+        sheet.box(379, y - 3, 6, 6, WHITE, INK, 1, 0)
+        sheet.number(374, y - 2 if number == 2 else y + 3, number, 'end')
+    sheet.box(376.5, 182.5 if half else 170.5, 11, 23, 'none', STRAP, 1.8, 2.5)
+    sheet.wire((385, 176), (397, 176))
+    sheet.gnd(397, 176)
+    sheet.wire((385, 200), (432, 200))
     sheet.dot(432, 200)
     sheet.text(374, 221, 'JP1', 9, INK)
     sheet.text(390, 221, 'JMP-H' if half else 'JMP-F', 9, NET, bold=True)
-    sheet.text(20, 252, '回線部　ケーブルはどちらか一方に差す。' + ('受信と送信に同じ1組' if half else '受信と送信に1組ずつ'), 10, GREEN)
+    sheet.text(20, 252, '回線部　ケーブルはどちらか一方に差す。' + (
+        '受信と送信に同じ1組' if half else '送信は 1･2 番、受信は 3･4 番(ボードでは逆)'), 10, GREEN)
 
 
 def host_bus(sheet, wide):
     """The simulated CPU: sixteen data lines with a strobe for each byte lane, or eight with one more address line."""
-    sheet.chip(752, 62, 124, 318, 'HOST CPU', '16bit-Bus' if wide else '8bit-Bus', 12, SMALL_CHIP, .85)
+    sheet.chip(752, 62, 124, 318, 'HOST CPU', '16bit-Bus' if wide else '8bit-Bus', 12, SMALL_CHIP, .56)
     data, address = (16, 10) if wide else (8, 11)
     first = 11 - address
     for y, name, number, width in ((92, 'D0-%d' % (data - 1), '17-32' if wide else '17-24', data),
-                                   (124, 'A%d-10' % first, '33-42' if wide else '33-43', address)):
+                                   (124, 'A%d-10' % first, '33-42' if wide else '43, 33-42', address)):
         sheet.right_pin(CHIP_RIGHT, y, name, number)
         sheet.bus((CHIP_RIGHT, y), (752, y))
         sheet.bus_width(690, y, width)
-        sheet.net(612, y - 4, '%s[%d:%d]' % (name[0], data - 1 if name[0] == 'D' else 10, 0 if name[0] == 'D' else first))
+        sheet.net(628, y - 4, '%s[%d:%d]' % (name[0], data - 1 if name[0] == 'D' else 10, 0 if name[0] == 'D' else first))
         sheet.text(757, y + 3.5, name, 9.5, INK, 'start', SANS)
     strobes = ['#CS', '#RD', '#WRL', '#WRH'] if wide else ['#CS', '#RD', '#WR']
     for place, name in enumerate(strobes):
@@ -129,12 +134,11 @@ def host_bus(sheet, wide):
         sheet.path('M752 %s l-7 -3.5 v7 Z' % y, INK, 1, INK)
     sheet.text(662, 263, 'INT0R の要求', 10, SECOND)
     sheet.text(662, 283, 'INT1R の要求', 10, SECOND)
-    for y, name, number, remark in ((326, 'BUS8', 51, '8ビットで H(いまは %s)' % ('L' if wide else 'H')),
-                                    (350, 'BIG', 52, 'ビッグエンディアンで H')):
-        sheet.right_pin(CHIP_RIGHT, y, name, number, 624, name, 16)
-        sheet.wire((624, y - 3), (630, y), weight=1.2)
-        sheet.contact(624, y)
-        sheet.text(636, y + 3.5, remark, 10, SECOND)
+    for y, name, number, remark in ((326, 'BUS8', 51, '8ビットで H、いま %s' % ('L' if wide else 'H')),
+                                    (350, 'BIG', 52, 'ビッグで H')):
+        sheet.right_pin(CHIP_RIGHT, y, name, number, 752, name, 40)
+        sheet.text(757, y + 3.5, name, 9.5, INK, 'start', SANS)
+        sheet.text(647, y - 3, remark, 10, SECOND)
     sheet.note(746, 398, 'ダブルクリックして')
     sheet.note(746, 414, 'バスの種類を選ぶ')
 
@@ -165,8 +169,8 @@ def lanes(sheet, wide):
     sheet.box(left, top, 208, 134, SHEET_GREEN, GREEN_LINE, 1, 3)
     sheet.text(left + 10, top + 17, '1ワードの2バイト', 11, INK, 'start', None, True)
     if wide:
-        rows = [('D15-8', '上位バイト(奇数番地)'), ('D7-0', '下位バイト(偶数番地)')]
-        remarks = ['16ビットで一度に読み書きする。', '1バイトだけなら、その側の', '#WRL か #WRH だけを使う。']
+        rows = [('D15-8', '上位バイト(#WRH)'), ('D7-0', '下位バイト(#WRL)')]
+        remarks = ['16ビットで一度に読み書きする。', '偶数番地は、リトルエンディアンで', '下位、ビッグエンディアンで上位。']
     else:
         rows = [('A0=0', 'リトル：下位　ビッグ：上位'), ('A0=1', 'リトル：上位　ビッグ：下位')]
         remarks = ['1ワードを2回に分けて読み書きする。', 'その合間のスキャンから守るのが', 'ハザード保護(HPR)。']
@@ -207,7 +211,7 @@ def qda60(wide, half):
     sheet.text(498, 240, 'QDA60', 18, INK, 'middle', SANS, True)
     sheet.text(498, 257, 'U1', 9.5, SECOND, 'middle')
     line_section(sheet, half)
-    blocks.clock_and_reset(sheet)
+    blocks.clock_and_reset(sheet, '48MHz')
     blocks.supply(sheet)
     blocks.supply_pins(sheet, (('VCC', 6), ('VCC', 57), ('GND', 8), ('GND', 58)))
     blocks.clock_pins(sheet)

@@ -93,8 +93,14 @@ def port(sheet, mode, pattern):
         else:
             sheet.text(x + 3, 500, 'PWM' if bit > 11 else '未使用', 8.5, FAINT, 'middle', None, False, True)
         sheet.text(x, 549, str(bit), 9, INK if kind != '*' else FAINT, 'middle')
-    counter = '　IO4 カウンタ、IO5 クリア' if mode == 7 else '(I 入力、O 出力)'
-    sheet.note(40, 564, 'SW5、LD　モード %d の IO ピン：%s%s' % (mode, pattern, counter))
+    names = {'I': '入力', 'O': '出力'}
+    uses = [(span, names[kind]) for kind in names for span in spans(pattern, kind)]
+    if pwm:
+        uses.append(((15, 12), 'PWM'))
+    if mode == 7:
+        uses += [((bit, bit), use) for bit, use in zip(COUNTER_PINS, ('カウント', 'クリア'))]
+    sheet.note(40, 564, 'SW5、LD　モード %d：' % mode + '、'.join(
+        'IO%s %s' % ('%d-%d' % span if span[0] > span[1] else span[0], use) for span, use in sorted(uses, reverse=True)))
 
 
 def settings_at_foot(sheet, pwm):

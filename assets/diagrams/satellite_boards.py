@@ -14,10 +14,10 @@ def body(sheet, name, at=.4):
     blocks.clock_pins(sheet)
 
 
-def line_side(sheet, half):
+def line_side(sheet, half, clock='48/24/12M'):
     blocks.line_section(sheet, half)
     blocks.line_pins(sheet)
-    blocks.clock_and_reset(sheet)
+    blocks.clock_and_reset(sheet, clock)
     blocks.supply(sheet)
     blocks.address_switches(sheet)
 
@@ -133,7 +133,7 @@ def qda41(half, nest, number):
     sheet.frame('QDA41', [('回線', HALF if half else FULL), ('カスケード', 'あり' if nest else 'なし'), ('基板', 'Board-2'),
                           ('図番', number)],
                 [HIGH_IS_OPEN, 'カウンタは、ボタンを離したときの立ち上がりで 1 つ進む。', AT_THE_ENDS,
-                 '#SE が L のあいだ SE が点灯し、次の語は送れない。'])
+                 '#SE が L のあいだ SE が点灯し、次の値は送れない。'])
     line_side(sheet, half)
     body(sheet, 'QDA41')
     counters(sheet)
@@ -147,10 +147,10 @@ def qda41(half, nest, number):
 def qda41_card():
     """The cascade card has neither line nor address switches: the chain of Board-2 brings both."""
     sheet = Sheet()
-    sheet.frame('QDA41', [('回線', 'なし (Board-2 につながる)'), ('カスケード', '子'), ('基板', 'Board-3'), ('図番', 'QDA41_NEST')],
+    sheet.frame('QDA41', [('回線', 'なし (Board-2 につながる)'), ('カスケード', 'カード'), ('基板', 'Board-3'), ('図番', 'QDA41_NEST')],
                 [HIGH_IS_OPEN, 'カウンタは、ボタンを離したときの立ち上がりで 1 つ進む。',
                  'SA は Board-2 の SA + 1。クロックと転送レートも Board-2 と同じになる。',
-                 'リセットは自分だけに効く。#SE が L のあいだ SE が点灯し、次の語は送れない。'])
+                 'リセットは自分だけに効く。#SE が L のあいだ SE が点灯し、次の値は送れない。'])
     blocks.clock_and_reset_of_card(sheet)
     body(sheet, 'QDA41')
     sheet.left_pin(CHIP_LEFT, 84, 'RXD', 1)
@@ -182,7 +182,7 @@ def qda73(half):
                           ('図番', 'QDA73_HALF' if half else 'QDA73_FULL')],
                 [HIGH_IS_OPEN, 'クロックは 48MHz のまま。転送レートは BPS0 と BPS1 で選ぶ。', AT_THE_ENDS,
                  'MON は、自分の SA が正しく訪ねられると点灯する。'])
-    line_side(sheet, half)
+    line_side(sheet, half, '48MHz')
     body(sheet, 'QDA73')
     rate_switches(sheet)
     blocks.led_output(sheet, 250, '#MON', 60, 'R36 680', 'MON', 56)

@@ -106,7 +106,7 @@ def serial_generator():
     s += ''.join(rect(x, y - 1.2, 6, 2.4, .3, g('tin'), TIN_EDGE, .35) for y in LINES for x in (14, 76))
     s += package(18, 40, 58, 84, 2.2)
     s += text(47, 71, 'SHIFT', 11) + text(47, 101, '16bit', 8.5, DIM_MARKING, False)
-    for y, name in zip(LINES, ('Q', 'CK', 'LD')):
+    for y, name in zip(LINES, ('SO', 'CK', 'LD')):
         s += text(26, y + 3, name, 8, DIM_MARKING, False, 'start')
     return s
 

@@ -14,9 +14,9 @@ HANDSHAKE = SCAN[2]
 
 # Time, in pixels from the left edge of the cell; the grid has a line every 20.
 BEGIN, END = 122, 626
-FRAME, CAPTURE_EARLY, DO_CHECK, DO_UPDATE = 142, 202, 270, 302
+FRAME, CAPTURE_EARLY, DO_UPDATE = 142, 202, 302
 REACTION, CAPTURE_LATE, ANSWER, RECEIPT = 342, 382, 462, 582
-ANSWER_DATA, ANSWER_CHECK = 496, 550
+ANSWER_DATA = 496
 STROBE = 20
 
 FIRST_ROW, ROW_PITCH, HALF = 84, 31, 8.5
@@ -135,8 +135,8 @@ def instants(drawing, capture, word, bottom):
 def waveforms(drawing, capture, word, strobe_notes):
     row_label(drawing, LINE, '回線', '1回の訪問', INK, GOTHIC)
     drawing.line(BEGIN, LINE, END, LINE, SECOND, 1.2)
-    frame(drawing, LINE, (FRAME, CAPTURE_EARLY, DO_CHECK, DO_UPDATE), ('SA', 'DO', '照合'), NEVER[0], SECOND, INK)
-    frame(drawing, LINE, (ANSWER, ANSWER_DATA, ANSWER_CHECK, RECEIPT), ('SA', f'DI = {word}', '照合'),
+    frame(drawing, LINE, (FRAME, CAPTURE_EARLY, DO_UPDATE), ('SA', 'DO'), NEVER[0], SECOND, INK)
+    frame(drawing, LINE, (ANSWER, ANSWER_DATA, RECEIPT), ('SA', f'DI = {word}'),
           INPUT_PALE, INPUT_EDGE, INPUT)
     drawing.text(DO_UPDATE - 4, LINE + 19.5, 'センター → ボード', 11, SECOND, anchor='end')
     drawing.text(ANSWER + 6, LINE + 19.5, 'ボード → センター', 11, INPUT)
@@ -160,15 +160,15 @@ def waveforms(drawing, capture, word, strobe_notes):
     pulse(drawing, DI_STROBE, capture, capture + STROBE, 1, INPUT)
     drawing.text(capture - 7, DI_STROBE + 5, '取り込み ↓', 12, RED, anchor='end')
 
-    row_label(drawing, LATCH, 'DIラッチ', '応答する語', INPUT, GOTHIC)
-    bus(drawing, LATCH, capture, INPUT, ((BEGIN + capture) / 2, '前の語'), (522, word))
+    row_label(drawing, LATCH, 'DIラッチ', '応答するワード', INPUT, GOTHIC)
+    bus(drawing, LATCH, capture, INPUT, ((BEGIN + capture) / 2, '前のワード'), (522, word))
 
 
 def handshake(drawing, capture, word):
     row_label(drawing, EXTRA, 'HS', 'ハンドシェーク', HANDSHAKE)
     pulse(drawing, EXTRA, capture, RECEIPT, 0, HANDSHAKE)
     drawing.text(capture - 7, EXTRA + 4, '保持 ↑', 12, HANDSHAKE, anchor='end')
-    drawing.text((ANSWER + RECEIPT) / 2, EXTRA + 5.5, f'語 {word} を保つ', 12, HANDSHAKE, anchor='middle')
+    drawing.text((ANSWER + RECEIPT) / 2, EXTRA + 5.5, f'ワード {word} を保つ', 12, HANDSHAKE, anchor='middle')
     drawing.text(END, EXTRA + 4, '↓ 受領', 12, HANDSHAKE, anchor='end')
 
 
@@ -193,7 +193,7 @@ def foot(drawing, ssa, ssb, word):
     drawing.box(14, FOOT_TOP, END, FOOT_BOTTOM, TRY, TRY_LINE, 1, 4)
     timing = ('DO を更新した後に取り込む。新しい DO に応じた値 B が、同じ訪問のうちに届く。' if ssa else
               'DO が変わる前の値 A を取り込む。新しい DO に応じた値 B が届くのは、次の訪問になる。')
-    shake = (f'センターが受け取るまで語 {word} を保つ。失敗のあとでも、最初に成功した訪問の DI が届く。' if ssb else
+    shake = (f'センターが受け取るまでワード {word} を保つ。失敗のあとでも、最初に成功した訪問の DI が届く。' if ssb else
              '失敗のあと最初に成功した訪問の DI は捨てられ、続けて成功した次の訪問で届く。')
     drawing.text(26, FOOT_TOP + 18, timing, 13)
     drawing.text(26, FOOT_TOP + 35.5, shake, 13)

@@ -1,6 +1,6 @@
 """The pages of what lies behind the registers. Every worked value is played by a test: see hints.play."""
 from hints.page import MARGIN, Page
-from kit.svg_kit import AREA, CARD, CARD_LINE, FAINT, GREEN, INK, MONO, NET, SANS, SCAN, SECOND, WHITE, YOURS
+from kit.svg_kit import AREA, CARD, CARD_LINE, FAINT, GREEN, HATCH, INK, MONO, NET, SANS, SCAN, SECOND, WHITE, YOURS
 
 # Address, size, name, who writes, strip colour, window.
 AREAS = [
@@ -12,22 +12,24 @@ AREAS = [
     ('500H', '57FH', 'DRC　変化検出のマスク', 'あなた', AREA, 'DRC'),
     ('580H', '58FH', 'レジスタ 8 個', 'あなたとスキャン', FAINT, ''),
     ('590H', '595H', 'チップ名 "QDA60 "', 'リセットだけ', FAINT, ''),
+    ('596H', '7FFH', '使われない', 'だれも書かず、いつも 0', HATCH, ''),
 ]
 
 
 def memory_map():
     page = Page('', 'メモリマップ　QDA60 の 2048 バイト')
-    y = 44
+    for x, words in ((30, '番地'), (122, '中身'), (388, '書く人')):
+        page.text(x, 53, words, 12, SECOND)
+    y = 58
     for first, last, name, writer, colour, strip in AREAS:
-        page.rect(18, y, 360, 25, WHITE, CARD_LINE, 2)
-        page.rect(18, y, 5, 26, colour)
-        page.text(30, y + 17, first, 12, INK, 'start', MONO, True)
-        page.text(70, y + 17, '-', 12, SECOND)
-        page.text(78, y + 17, last, 12, INK, 'start', MONO, True)
-        page.text(122, y + 17, name, 12.5)
-        page.text(388, y + 17, writer, 12.5, SECOND)
-        y += 27
-    page.text(388, y + 8, '596H - 7FFH は使われず、いつも 0。', 12, SECOND)
+        page.rect(18, y, 360, 21, WHITE, CARD_LINE, 2)
+        page.rect(18, y, 5, 22, colour)
+        page.text(30, y + 15, first, 12, INK, 'start', MONO, True)
+        page.text(70, y + 15, '-', 12, SECOND)
+        page.text(78, y + 15, last, 12, INK, 'start', MONO, True)
+        page.text(122, y + 15, name, 12.5)
+        page.text(388, y + 15, writer, 12.5, SECOND)
+        y += 23
     page.card(18, 272, 287, ['SA n のワードは、先頭の番地 + 2 × n にある。', '偶数番地が下位バイト、奇数番地が上位バイト。',
                              'SA 2 なら、コントロール 004H、DO 084H、', 'DI 104H、C1 184H、DRC 504H。'], None, '局ごとに1ワード', height=102)
     page.card(315, 272, 287, ['Control、DO、DI：はじめから開く窓', 'C1～C7、DRC：Memory Window から開く',
@@ -106,7 +108,7 @@ def hazard():
     for y, title, colours, steps in (
             (46, '書き込み', YOURS, (('CPU', '1バイトめを書く'), ('バッファ', '待つ　HPR 1100H'), ('CPU', '2バイトめを書く'),
                                  ('メモリ', '2つを一度に書く'))),
-            (150, '読み取り', SCAN, (('CPU', '1バイトめを読む'), ('バッファ', '2つとも取る'), ('CPU', '2バイトめを読む'),
+            (142, '読み取り', SCAN, (('CPU', '1バイトめを読む'), ('バッファ', '2つとも取る'), ('CPU', '2バイトめを読む'),
                                  ('バッファ', '取っておいた方を返す')))):
         page.text(MARGIN, y + 14, '*%s*' % title, 13.5)
         page.text(84, y + 14, 'HPR の上位に 10H' if title == '書き込み' else 'HPR の下位に 10H', 12.5, SECOND)
@@ -118,18 +120,18 @@ def hazard():
             page.text(x + 68, y + 57, what, 12, ink, 'middle')
             if number:
                 page.arrow(x - 12, y + 44, x - 1)
-        page.text(MARGIN, y + 84, '待っているバイトは、2バイトめを書いた先のワードに入る。どの番地に書いても、その半分になる。'
+        page.text(MARGIN, y + 84, '待っていたバイトは、2バイトめと同じワードに入る。偶数側か奇数側かは、1バイトめの番地で決まる。'
                   if title == '書き込み' else 'バッファは番地を見ない。偶数か奇数かだけで、取っておいたバイトを返し、HPR のビット0 が消える。',
                   12.5, SECOND)
-    page.card(18, 246, 287, ['DO の下位を書いた直後にスキャンが来ると、', '新しい下位と古い上位が、局に届いてしまう。',
+    page.card(18, 234, 287, ['DO の下位を書いた直後にスキャンが来ると、', '新しい下位と古い上位が、局に届いてしまう。',
                              'DI も、読む合間に変わると食い違う。'], None, '保護がないと', height=84)
-    page.card(315, 246, 287, ['8ビットバスの、080H から 4FEH (読みは 4FFH)', 'コントロールワードと DRC は、そのまま届く。',
+    page.card(315, 234, 287, ['8ビットバスの、080H から 4FEH (読みは 4FFH)', 'コントロールワードと DRC は、そのまま届く。',
                               '16ビットで書くと、待っていたバイトは捨てられる。'], None, '効くところ', height=84)
-    page.try_it(337, ['HOST CPU を 8bit-Bus Little にし、HPR の上位に 10H を書く。',
+    page.try_it(325, ['HOST CPU を 8bit-Bus Little にし、HPR の上位に 10H を書く。',
                       '083H に AAH を書くと、083H はまだ 00H で、HPR は 1100H になる。',
                       '082H に 0FH を書くと、ワードは AA0FH になり、Board-1 の LED が一度に変わる。'], 17)
-    page.popup(18, 401, 440, ['ハザードプロテクト中。ライトテンポラリバッファへ書き込みました。'])
-    page.text(468, 418, '← 待つときの知らせ', 12, SECOND)
+    page.popup(18, 396, 440, ['ハザードプロテクト中。ライトテンポラリバッファへ書き込みました。'])
+    page.text(468, 413, '← 待つときの知らせ', 12, SECOND)
     page.legend([], 'CPU は HOST CPU をダブルクリックして選ぶ')
     return page
 

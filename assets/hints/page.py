@@ -209,11 +209,12 @@ class Page(Canvas):
             self.text(x + 6, y, text, size, colour)
             x += width
 
-    def legend(self, items, remark=''):
-        """The foot of the page: what the colours say. The tour window covers it on a small screen."""
+    def legend(self, items, remark='', **others):
+        """The foot of the page: what the colours say, in `others` where a page needs other words. The tour window covers it on a
+        small screen."""
         self.rect(0, 430, WIDTH, 30, CARD)
         self.line(0, 429, WIDTH, 429)
-        words = {'you': 'あなたが書く', 'scan': 'スキャンが書く', 'zero': 'いつも0', 'kept': 'そのまま残る'}
+        words = {'you': 'あなたが書く', 'scan': 'スキャンが書く', 'zero': 'いつも0', 'kept': 'そのまま残る', **others}
         x = MARGIN
         for writer in items:
             fill, line, _ = WRITERS[writer]

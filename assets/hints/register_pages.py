@@ -41,14 +41,14 @@ def ssr():
     page.bits([ZERO] * 5 + bits('E S D R', 'scan') + [ZERO] + bits('A5 A4 A3 A2 A1 A0', 'scan'),
               '上位バイト 583H', '下位バイト 582H')
     page.example('0483H')
-    page.writers([(15, 11, 'いつも0', 'zero'), (10, 8, '前の周の結果', 'scan'), (7, 7, '今', 'scan'),
-                  (6, 6, '0', 'zero'), (5, 0, 'いまいる SA', 'scan')])
+    page.writers([(15, 11, 'いつも0', 'zero'), (10, 8, 'スキャン', 'scan'), (7, 7, '〃', 'scan'),
+                  (6, 6, '0', 'zero'), (5, 0, 'スキャン(訪問のたびに書き直す)', 'scan')])
     page.card(18, 139, 287, ['*D* ビット8：DRC で見張る DI が変わった', '*S* ビット9：シリアルの値が新しく現れた',
                              '*E* ビット10：返事のない局があった', '失敗が7回続いた局は、もう E を立てない。'],
               'E S D', '終わった周の知らせ', 'scan', height=102)
     page.card(315, 139, 287, ['*R* ビット7：スキャン中は 1', '*A* ビット0-5：次に訪ねる SA',
                               'ビット7 と合わせて、SA 3 なら 83H に見える。', '始まって最初の訪問のあいだは、まだ 00H。'],
-              'R A', 'いまいるところ', 'scan', height=102)
+              'R A', 'これから訪ねる局', 'scan', height=102)
     page.try_it(249, ['画面上の STOP で時間を止め、1-Time を続けてクリックする。',
                       'SSR の下位は 81H、82H、83H、84H と進み、また 81H に戻る。',
                       'RUN に戻し、SCR に 0000H を書くとスキャンが止まり、SSR は 0000H になる。'])
@@ -81,7 +81,7 @@ def hpr():
     page.note(380, 'WB、RB', 'HPR に書いても消えない。2バイトめの読み書きか、リセットで消える。')
     page.note(402, 'スキャン', 'HPR はスキャンの動きを変えない。スキャン中にも書ける。断られる値はない。')
     page.text(MARGIN, 422, '動きの図は「ハザード保護」のページにある。', 12.5, SECOND)
-    page.legend(['you', 'zero'], '人：あなたが書く　機：メモリの読み書きで変わる')
+    page.legend(['you', 'scan', 'zero'], '書く人の「人」はあなた、「機」はチップ', scan='メモリの読み書きで変わる')
     return page
 
 
@@ -97,13 +97,14 @@ REQUESTS = [
 ]
 
 
-def requests(name, title, row, bytes_, example, writers, remarks, tries, *legend):
-    """The page of an interrupt register: both show the same table of requests."""
+def requests(name, title, row, bytes_, example, writers, rows, remarks, tries, *legend):
+    """The page of an interrupt register with the rows of its requests."""
+    heading = ['要求ビット', '立つとき', '時', 'INT1R にも'][:len(rows[0])]
     page = Page(name, title, [('起動直後', '0000H'), ('リセット後', '0000H')])
     page.bits(row, '上位バイト %s　許可' % bytes_[0], '下位バイト %s　要求' % bytes_[1])
     page.example(example)
     page.writers(writers)
-    foot = page.table(18, 140, [70, 322, 116, 76], REQUESTS, ['要求ビット', '立つとき', '時', 'INT1R にも'], 16.5)
+    foot = page.table(18, 140, [70, 322, 116, 76], rows, heading, min(22, 132 / len(rows)))
     for line, remark in enumerate(remarks):
         page.text(MARGIN, foot + 17 * (line + 1), remark, 12.5)
     page.try_it(foot + 43, tries)
@@ -116,7 +117,7 @@ def int0r():
     return requests(
         'INT0R', '割り込み0 レジスタ',
         bits('E7 E6 E5 E4 E3 E2 E1 E0', 'you') + bits('R7 R6 R5 R4 R3 R2 R1 R0', 'scan'), ('587H', '586H'), '0808H',
-        [(15, 8, 'あなた', 'you'), (7, 0, 'スキャンが立て、あなたが 1 を書いて消す', 'scan')],
+        [(15, 8, 'あなた', 'you'), (7, 0, 'スキャンが立て、あなたが 1 を書いて消す', 'scan')], REQUESTS,
         ['許可 *En* が 1 のときだけ、要求 *Rn* が立つ。1つでも立つと、基板に INT0 の表示が光る。',
          '*R2* が 1 のあいだ、スキャンは次の訪問をせずに待つ。消すと続きから動く。'],
         ['INT0R に 0800H を書く。「1周が終わった」の許可である。', 'すぐ次の周の終わりに 0808H になり、INT0 の表示が光る。',
@@ -129,6 +130,7 @@ def int1r():
         'INT1R', '割り込み1 レジスタ',
         bits('E7 E6 E5 E4 E3', 'you') + [ZERO] * 3 + bits('R7 R6 R5 R4 R3', 'scan') + [ZERO] * 3, ('589H', '588H'), 'F808H',
         [(15, 11, 'あなた', 'you'), (10, 8, 'いつも0', 'zero'), (7, 3, 'スキャン、消すのは人', 'scan'), (2, 0, 'いつも0', 'zero')],
+        [request[:3] for request in REQUESTS[3:]],
         ['INT0R と同じ働きで、ビット3 から 7 だけを持つ。スキャンを待たせるビットはない。',
          '2つの割り込みに、別々の用事を割り当てられる。要求が立つと INT1 の表示が光る。'],
         ['正常なスキャン中に、INT1R に FFFFH を書く。',
@@ -154,7 +156,7 @@ def c1cr():
         page.text(x + 29, 245, '%d回 ' % count + status, 11.5, INK, 'middle')
         page.text(x + 29, 260, note, 11.5, SCAN[2], 'middle')
         x += 64
-    page.text(MARGIN, 260, '上：回数とステータス', 11.5, SECOND)
+    page.text(MARGIN, 260, '(回数とステータス)', 11.5, SECOND)
     page.try_it(275, ['Board-1 と Board-2 のあいだのケーブルを抜く。C1CR も C2CR も 0003H になる。',
                       'C1CR に FFFEH を書いても 0003H のまま。0001H を書くと 0000H になる。',
                       'つなぎ直すとステータスは 00H に戻るが、C2CR の 0003H は消すまで残る。'])
@@ -175,8 +177,8 @@ def control_word():
                   (5, 0, 'あなた、1回ものはスキャンが消す', 'you')])
     page.card(18, 139, 287, ['*S* シリアルの値が待っている(SE が点灯)', '*D* この訪問で、見張る DI が変わった',
                              '*E* 失敗中　*M* 続けて3回以上の失敗', '*F* 続けて失敗した回数、7 で止まる',
-                             '正常な返事があると、S のほかは 0 に戻る。'], 'F M E D S', 'ステータス', 'scan', height=118)
-    page.card(315, 139, 287, ['*C* コマンド 0-15：何を運ぶか', '　0 DI　1-6 C1-C6　7 C7　8-15 1回もの',
+                             '正常な返事があると、F M E は 0 に戻る。'], 'F M E D S', 'ステータス', 'scan', height=118)
+    page.card(315, 139, 287, ['*C* コマンド 0-15：何を運ぶか', '　0 DI　1-6 C1-C6　7-15 は1回だけ',
                               '*T* ステップモード：運んだあとコマンドをどうするか', '　0 そのまま　1 消す　2 +1 で循環　3 +1 で1巡',
                               '*K* 何を書いても、スキャンは変えない'], 'T C', 'コマンド', height=118)
     page.try_it(265, ['メモリの 004H (SA 2)に 0011H を書く。C1 を1回だけ読むコマンドである。',
@@ -186,8 +188,8 @@ def control_word():
                   [('16ビット書き込みで、上位が変わる(下位は書かれる)', 'FF00H'),
                    ('8ビットバスで、上位をダブルクリックする', '')])
     page.popup(408, 352, 194, ['スキャン中、コントロール', 'ワードの上位バイトは', 'ライトプロテクト。'])
-    page.text(MARGIN, 416, 'くわしい表は「コマンドとステップ」のページにある。', 12.5, SECOND)
-    page.legend(['you', 'scan', 'kept', 'zero'])
+    page.text(MARGIN, 416, '例 3C00H：続けて3回失敗した局(F が 3、M と E が 1)。', 12.5, SECOND)
+    page.legend(['you', 'scan', 'kept', 'zero'], '表 →「コマンドとステップ」')
     return page
 
 
