@@ -10,6 +10,7 @@
 #include <QColor>
 #include <QDataStream>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QImage>
@@ -292,5 +293,11 @@ int main(int argc, char** argv) {
             return fail(large + QStringLiteral(" can't be written"));
         }
     }
-    return compare(bitmap.filePath(), large, !drawing);
+    const int result = compare(bitmap.filePath(), large, !drawing);
+    if (drawing && result != 0) {
+        // Left behind, they would look finished to the next build.
+        QFile::remove(bitmap.filePath());
+        QFile::remove(large);
+    }
+    return result;
 }
