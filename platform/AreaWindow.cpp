@@ -56,6 +56,35 @@ void AreaWindow::placeAt(QPoint place) {
     move(std::max(0, std::min(place.x(), room.width())), std::max(0, std::min(place.y(), room.height())));
 }
 
+void AreaWindow::setVisible(bool visible) {
+    QMdiArea* area = mdiArea();
+    const bool wasAtWork = !visible && isVisible() && area != nullptr && area->activeSubWindow() == this;
+    QMdiSubWindow::setVisible(visible);
+    if (wasAtWork) {
+        workGoesBack(*area);
+    }
+}
+
+// The window that was at work before this one has the keyboard again.
+void AreaWindow::workGoesBack(QMdiArea& area) {
+    const QList<QMdiSubWindow*> windows = area.subWindowList(QMdiArea::ActivationHistoryOrder);
+    for (auto window = windows.crbegin(); window != windows.crend(); ++window) {
+        if (*window != this && (*window)->isVisible()) {
+            area.setActiveSubWindow(*window);
+            giveKeyboardTo(**window);
+            return;
+        }
+    }
+}
+
+void AreaWindow::giveKeyboardTo(QMdiSubWindow& window) {
+    QWidget* content = window.widget();
+    if (content != nullptr && content->focusPolicy() != Qt::NoFocus) {
+        QWidget* before = content->focusWidget();
+        (before != nullptr ? before : content)->setFocus(Qt::OtherFocusReason);
+    }
+}
+
 void AreaWindow::bringUp() {
     if (isMinimized()) {
         showNormal();
@@ -66,11 +95,7 @@ void AreaWindow::bringUp() {
     show();
     mdiArea()->setActiveSubWindow(this);
     raise();
-    // The keyboard goes to the content, and not with a ring to the first button in it.
-    if (QWidget* content = widget(); content != nullptr && content->focusPolicy() != Qt::NoFocus) {
-        QWidget* before = content->focusWidget();
-        (before != nullptr ? before : content)->setFocus(Qt::OtherFocusReason);
-    }
+    giveKeyboardTo(*this);
 }
 
 void AreaWindow::closeEvent(QCloseEvent* event) {

@@ -1,5 +1,5 @@
-// A window inside the main window's area, around one widget of a fixed size, which it takes. Its title menu and box close it by hiding; it
-// keeps its size, stays inside the area, and comes back from an icon when it is asked for.
+// A window inside the main window's area, around one widget of a fixed size, which it takes. Its title menu and box close it by
+// hiding; it keeps its size, stays inside the area, and comes back from an icon when it is asked for.
 
 #pragma once
 
@@ -24,6 +24,9 @@ public:
     // Shows the window in front of the others, with the keyboard; out of its icon, too.
     void bringUp();
 
+    // A window that was at work gives the work back to the one before it.
+    void setVisible(bool visible) override;
+
 signals:
     // The window became the one at work.
     void activated();
@@ -31,4 +34,9 @@ signals:
 protected:
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void workGoesBack(QMdiArea& area);
+    // To the content, where it was there, and not with a ring to the first button in it.
+    static void giveKeyboardTo(QMdiSubWindow& window);
 };

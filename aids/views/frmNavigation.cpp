@@ -235,12 +235,17 @@ void frmNavigation::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     layOut();
     showSign();
-    placeBottomRight(*this);
+    if (event->spontaneous()) {
+        placeBottomRight(*this);
+    }
 }
 
-void frmNavigation::showEvent(QShowEvent* event) {
-    QWidget::showEvent(event);
-    placeBottomRight(*this);
+// The place comes first: a window that is moved while the desktop still makes its frame ends up beside its place.
+void frmNavigation::setVisible(bool visible) {
+    if (visible && !isVisible()) {
+        placeBottomRight(*this);
+    }
+    QWidget::setVisible(visible);
     showSign();
 }
 

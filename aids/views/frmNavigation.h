@@ -59,6 +59,8 @@ public:
     // A popup or the message dialog says something.
     void hear(const QString& text);
 
+    void setVisible(bool visible) override;
+
     enum Action : std::size_t { actionBack, actionNext, actionMenu, actionEnd };
     QPushButton& cmdAction(Action action) { return *cmdAction_[action]; }
     const NaviLine& picNav(std::size_t row) const { return *picNav_[row]; }
@@ -80,7 +82,6 @@ protected:
     void hideEvent(QHideEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
-    void showEvent(QShowEvent* event) override;
 
 private:
     void cmdAction_Click(Action action);
