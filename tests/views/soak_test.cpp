@@ -16,6 +16,7 @@
 #include "memwin/views/frmDump.h"
 #include "tests/bench.h"
 #include "tests/views/BenchHand.h"
+#include "tests/views/batch.h"
 #include "tests/views/startedProgram.h"
 
 #include <QListWidget>
@@ -45,11 +46,30 @@ class Soak : public StartedProgram {
 protected:
     void startSoak() {
         std::filesystem::copy(VRB_ASSETS "/NaviData", std::filesystem::path(folder.path().toStdString()) / "NaviData");
-        start(makersFile + "OPENWINDOW2=1\r\nOPENWINDOW3=1\r\n");
+        startUnderGestures(makersFile + "OPENWINDOW2=1\r\nOPENWINDOW3=1\r\n");
         fire();  // the scan that the start asked for
         main().showNormal();
         main().resize(1280, 994);
         main().move(-500, -300);
+    }
+
+    // The game begins with the first window that shows.
+    void startUnderGestures(const std::string& file) {
+        std::ofstream(folder.filePath("VRB_TS2.INI").toStdString(), std::ios::binary) << file;
+        program = std::make_unique<Program>(folder.path().toStdString());
+        bool up = false;
+        QObject::connect(program.get(), &Program::started, program.get(), [&] { up = true; });
+        program->Main();
+        while (!up) {
+            main().timTick().setEnabled(false);
+            switch (random(3)) {
+                case 0: onTool(); break;
+                case 1: onBatch(); break;
+                default: onWindow(anyWindow());
+            }
+            QApplication::processEvents();
+        }
+        main().timTick().setEnabled(false);
     }
 
     int random(int below) { return std::uniform_int_distribution<int>(0, below - 1)(chance); }
@@ -61,6 +81,8 @@ protected:
     void onTool();
     void onWindow(QWidget& window);
     void onKeys(QWidget& window);
+    void onBatch();
+    QWidget& anyWindow();
     void timePasses();
     void openSomething();
     void answerModal(QWidget& modal);
@@ -89,16 +111,10 @@ void Soak::gesture() {
             case 0: openSomething(); break;
             case 1: onTool(); break;
             case 2: timePasses(); break;
-            case 3:
+            case 3: onBatch(); break;
             case 4: {
-                QWidgetList windows;
-                for (QWidget* window : QApplication::topLevelWidgets()) {
-                    if (window->isVisible()) {
-                        windows.push_back(window);
-                    }
-                }
-                QWidget& window = *windows[random(static_cast<int>(windows.size()))];
                 last = "any";
+                QWidget& window = anyWindow();
                 oneIn(2) ? onWindow(window) : onKeys(window);
                 break;
             }
@@ -107,6 +123,38 @@ void Soak::gesture() {
     }
     QApplication::processEvents();
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+QWidget& Soak::anyWindow() {
+    QWidgetList windows;
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->isVisible()) {
+            windows.push_back(window);
+        }
+    }
+    return *windows[random(static_cast<int>(windows.size()))];
+}
+
+// Several gestures at a window that come at once, before anything that the first one leads to.
+void Soak::onBatch() {
+    QWidget& window = anyWindow();
+    last = "batch " + window.objectName().toStdString();
+    if (window.objectName() == "exitQuestion") {
+        return;  // its OK would end the game
+    }
+    const QPoint place = somewhereIn(window.size());
+    QWidget* target = window.childAt(place) != nullptr ? window.childAt(place) : &window;
+    for (int posted = 1 + random(3); posted >= 0; --posted) {
+        switch (random(4)) {
+            case 0:
+                if (&window != &main()) {
+                    batch::close(&window);
+                }
+                break;
+            case 1: batch::key(window.focusWidget() != nullptr ? window.focusWidget() : &window, Qt::Key_Return); break;
+            default: batch::clicks(target, 1 + random(4), target->mapFrom(&window, place));
+        }
+    }
 }
 
 void Soak::answerModal(QWidget& modal) {
