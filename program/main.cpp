@@ -1,6 +1,7 @@
 #include "config/settings.h"
 #include "platform/ImageList.h"
 #include "platform/look.h"
+#include "platform/standardTexts.h"
 #include "platform/paths.h"
 #include "program/Program.h"
 
@@ -15,6 +16,7 @@ int main(int argc, char** argv) {
     QApplication::setWindowIcon(programIcon());
     QApplication::setQuitOnLastWindowClosed(false);  // only the exit question ends the program
     look::applyTo(application);
+    speakJapanese(application);
 
     Program program(programFolder(pathOf(QApplication::applicationDirPath())),
                     pathOf(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation)));

@@ -56,10 +56,15 @@ void frmHint::makeTabs() {
     const int tabs = std::max(pageCount(), 1);  // without a list one empty tab
     for (int page = 0; page < tabs; ++page) {
         const QString caption = pages_.empty() ? QString() : textOf(pages_[static_cast<std::size_t>(page)].caption);
-        auto* tab = new QPushButton(caption, face_);
+        auto* tab = new QPushButton(face_);
         tab->setObjectName(QStringLiteral("tabHint%1").arg(page));
         tab->setProperty("viewButton", true);
         tab->setFont(look::textFont(12));
+        // A teacher's long caption is read whole in its tool tip.
+        constexpr int tabMargin = 8;
+        tab->setText(tab->fontMetrics().elidedText(caption, Qt::ElideRight, tabSize.width() - 2 * tabMargin));
+        tab->setToolTip(tab->text() == caption ? QString() : caption);
+        tab->setAccessibleName(caption);
         tab->setCheckable(true);
         tab->setFocusPolicy(Qt::TabFocus);
         tab->setGeometry(

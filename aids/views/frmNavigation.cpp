@@ -235,7 +235,7 @@ void frmNavigation::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     layOut();
     showSign();
-    if (event->spontaneous()) {
+    if (isVisible()) {
         placeBottomRight(*this);
     }
 }

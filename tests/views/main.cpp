@@ -1,4 +1,5 @@
 #include "platform/look.h"
+#include "platform/standardTexts.h"
 
 #include <QApplication>
 #include <gtest/gtest.h>
@@ -9,5 +10,6 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     look::applyTo(application);
+    speakJapanese(application);
     return RUN_ALL_TESTS();
 }
