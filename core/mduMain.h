@@ -248,6 +248,11 @@ inline void setMemoryWord(Machine& machine, int index, int word) {
     machine.chipMemory[at + 1] = static_cast<std::uint8_t>(word >> 8);
 }
 
+// True while a continuous or a single scan is on, by the two flags.
+inline bool scanOn(const Machine& machine) {
+    return machine.scanRunning || machine.scanOneShot;
+}
+
 // Zeroes what the boards hold and the scan keeps from visit to visit, the write temporary buffer and the LED timers. Scan
 // flags, addresses and rates stay. The settings are read after it, so that ios52 and mode52 then take theirs.
 void clearBoardState(Machine& machine);

@@ -107,7 +107,7 @@ void TourPlayer::playStatement(const std::string& statement) {
          [](TourPlayer& p, const Words& w) {
              p.held_ = p.part(w);
              p.heldAt_ = p.hand().at(*p.held_);
-             const bool twice = p.held_->answers().heldByDouble;
+             const bool twice = p.held_->reactions().heldByDouble;
              twice ? p.hand().doublePress(*p.held_) : p.hand().press(*p.held_);
          }},
         {"release", [](TourPlayer& p, const Words& /*w*/) { p.hand().release(p.heldAt_); }},

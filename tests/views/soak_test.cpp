@@ -129,7 +129,7 @@ void Soak::onBench() {
     const BenchHand hand(*program->hardware());
     std::vector<BenchPart*> parts;
     for (BenchPart* part : program->hardware()->view().parts()) {
-        if (part->isVisible() && part->answers().any()) {
+        if (part->isVisible() && part->reactions().any()) {
             parts.push_back(part);
         }
     }
