@@ -1,8 +1,8 @@
 #include "config/settings.h"
 #include "platform/ImageList.h"
 #include "platform/look.h"
-#include "platform/standardTexts.h"
 #include "platform/paths.h"
+#include "platform/standardTexts.h"
 #include "program/Program.h"
 
 #include <QApplication>

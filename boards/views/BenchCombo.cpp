@@ -3,6 +3,7 @@
 #include "platform/look.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QKeyEvent>
 #include <QWheelEvent>
 
@@ -21,8 +22,13 @@ BenchCombo::BenchCombo(const QString& name, const QStringList& items, int width,
     setMaxVisibleItems(itemsAtOnce);
     setFixedSize(width, boxHeight);
     view()->setTextElideMode(Qt::ElideNone);
-    setProperty("benchCombo", true);
     hide();
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget* before, QWidget* now) {
+        // Its own list is a window for itself.
+        if (now == this && before != nullptr && before->window() == window()) {
+            before_ = before;
+        }
+    });
     connect(this, &QComboBox::activated, this, [this] {
         if (!walking_) {
             close();
@@ -32,6 +38,7 @@ BenchCombo::BenchCombo(const QString& name, const QStringList& items, int width,
 
 void BenchCombo::open(int listIndex) {
     setCurrentIndex(listIndex);
+    first_ = listIndex;
     open_ = true;
     hadFocus_ = false;
     show();
@@ -52,11 +59,21 @@ void BenchCombo::end(bool commit) {
     hadFocus_ = false;
     const int chosen = currentIndex();
     hidePopup();
+    giveKeyboardBack();
     hide();
     if (commit) {
         emit committed(chosen);
     }
     emit opened(false);
+}
+
+// A box that were hidden with the keyboard would leave it to the first part of the bench.
+void BenchCombo::giveKeyboardBack() {
+    if (window()->focusWidget() != this) {
+        return;
+    }
+    QWidget* heir = before_ != nullptr && before_->isVisible() ? before_.data() : parentWidget();
+    heir->setFocus(Qt::OtherFocusReason);
 }
 
 void BenchCombo::focusInEvent(QFocusEvent* event) {
@@ -74,7 +91,10 @@ void BenchCombo::focusOutEvent(QFocusEvent* event) {
 
 void BenchCombo::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
-        case Qt::Key_Escape: end(false); break;
+        case Qt::Key_Escape:
+            setCurrentIndex(first_);
+            close();
+            break;
         case Qt::Key_Return:
         case Qt::Key_Enter: close(); break;
         default:

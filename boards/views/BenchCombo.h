@@ -1,9 +1,13 @@
 // A combo box that stands over a picture of the bench while a setting is chosen. It commits when it loses the focus, by
-// whatever means; one that never had the focus commits nothing, and neither does a list that merely drops down.
+// whatever means; one that never had the focus commits nothing, and neither does a list that merely drops down. Escape takes
+// back what was chosen meanwhile: what it commits is the item that the box came up with.
+//
+// When the box goes, the keyboard is where it was before the box had it.
 
 #pragma once
 
 #include <QComboBox>
+#include <QPointer>
 
 class BenchCombo : public QComboBox {
     Q_OBJECT
@@ -32,7 +36,10 @@ protected:
 
 private:
     void end(bool commit);
+    void giveKeyboardBack();
 
+    QPointer<QWidget> before_;  // had the keyboard last, in this window
+    int first_ = 0;             // list index at the opening
     bool open_ = false;
     bool hadFocus_ = false;
     bool walking_ = false;
