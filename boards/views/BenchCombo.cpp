@@ -26,7 +26,7 @@ BenchCombo::BenchCombo(const QString& name, const QStringList& items, int width,
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget* before, QWidget* now) {
         // Its own list is a window for itself.
         if (now == this && before != nullptr && before->window() == window()) {
-            before_ = before;
+            keyboard_.remember(before);
         }
     });
     connect(this, &QComboBox::activated, this, [this] {
@@ -59,21 +59,12 @@ void BenchCombo::end(bool commit) {
     hadFocus_ = false;
     const int chosen = currentIndex();
     hidePopup();
-    giveKeyboardBack();
+    keyboard_.giveBack(*this, parentWidget());  // else the first part of the bench would have it
     hide();
     if (commit) {
         emit committed(chosen);
     }
     emit opened(false);
-}
-
-// A box that were hidden with the keyboard would leave it to the first part of the bench.
-void BenchCombo::giveKeyboardBack() {
-    if (window()->focusWidget() != this) {
-        return;
-    }
-    QWidget* heir = before_ != nullptr && before_->isVisible() ? before_.data() : parentWidget();
-    heir->setFocus(Qt::OtherFocusReason);
 }
 
 void BenchCombo::focusInEvent(QFocusEvent* event) {

@@ -6,8 +6,9 @@
 
 #pragma once
 
+#include "platform/KeyboardLoan.h"
+
 #include <QComboBox>
-#include <QPointer>
 
 class BenchCombo : public QComboBox {
     Q_OBJECT
@@ -36,10 +37,9 @@ protected:
 
 private:
     void end(bool commit);
-    void giveKeyboardBack();
 
-    QPointer<QWidget> before_;  // had the keyboard last, in this window
-    int first_ = 0;             // list index at the opening
+    KeyboardLoan keyboard_;
+    int first_ = 0;  // list index at the opening
     bool open_ = false;
     bool hadFocus_ = false;
     bool walking_ = false;
