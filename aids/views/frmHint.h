@@ -4,7 +4,6 @@
 #pragma once
 
 #include "aids/hintPages.h"
-#include "platform/pictureFile.h"
 
 #include <QPixmap>
 #include <QWidget>
@@ -18,7 +17,8 @@ class frmHint : public QWidget {
     Q_OBJECT
 
 public:
-    // Reads the pages from the folder HintData in `folder`, the program's. What can't be read is left out without a word.
+    // Reads the list of the pages from the folder HintData in `folder`, the program's. A page's picture is read when the learner
+    // turns to it: a book of large ones would fill the memory.
     frmHint(const std::filesystem::path& folder, QWidget* owner);
 
     bool hasPages() const { return !pages_.empty(); }
@@ -45,8 +45,7 @@ private:
 
     std::filesystem::path hintPath_;
     std::vector<HintPage> pages_;
-    std::vector<PictureFile> ilsHint_;  // read at the start, and decoded when the learner turns to it
-    QString reason_;                    // why the page has no picture
+    QString reason_;  // why the page has no picture
     QButtonGroup* tabHint_;
     QPixmap picture_;
 };

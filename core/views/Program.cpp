@@ -23,7 +23,6 @@
 #include "platform/labels.h"
 #include "platform/look.h"
 #include "platform/paths.h"
-#include "platform/pictureFile.h"
 #include "platform/screen.h"
 #include "platform/textFile.h"
 #include "platform/twips.h"
@@ -65,7 +64,7 @@ std::uint64_t dateNumber() {
 }  // namespace
 
 Program::Program(const std::filesystem::path& folder, const std::filesystem::path& userFolder)
-    : folder_(folder), settingsPlace_(folder, userFolder.empty() ? folder : userFolder) {}
+    : folder_(folder), settingsStore_(SettingsPlace(folder, userFolder.empty() ? folder : userFolder)) {}
 
 Program::~Program() = default;
 
@@ -90,7 +89,13 @@ void Program::runNextStep() {
 
 void Program::addStartSteps() {
     steps_.emplace_back([this] {
-        readSettings(machine_, settingsPlace_);
+        const SettingsStore::Reading file = settingsStore_.read();
+        readSettings(machine_, file.profile);
+        if (file.warning) {
+            // Behind the last step, when there is a window to say it.
+            steps_.emplace_back([this, warning = *file.warning] { frmDialog_->warningDialog(warning); });
+        }
+        connect(&settingsStore_, &SettingsStore::answered, this, [this](const Answer& answer) { say(*frmMDI_, answer); });
         openSound();
         frmVersion_ = std::make_unique<frmVersion>(machine_);
         connect(frmVersion_.get(), &frmVersion::closed, this, [this] { frmVersion_.release()->deleteLater(); });
@@ -375,7 +380,20 @@ void Program::restartMachine() {
 
 // --- end -----------------------------------------------------------------------------------------------------------------
 
+void Program::quitWhenKept(bool kept) {
+    if (kept) {
+        quitProgram();
+    }
+}
+
 void Program::quitProgram() {
+    if (settingsStore_.saving()) {
+        // What the learner has saved comes first. If it can't be kept he reads why, and the program stays.
+        connect(&settingsStore_, &SettingsStore::settled, this, &Program::quitWhenKept,
+                static_cast<Qt::ConnectionType>(Qt::UniqueConnection | Qt::SingleShotConnection));
+        return;
+    }
+    settingsStore_.disconnect(this);
     steps_.clear();
     frmDefault_.reset();
     frmHint_.reset();
@@ -445,14 +463,13 @@ void Program::openSettings() {
     }
     memoryWindows_->hideChooser();
     if (frmDefault_ == nullptr) {
-        frmDefault_ = std::make_unique<frmDefault>(settingsPlace_, frmMDI_.get());
+        frmDefault_ = std::make_unique<frmDefault>(settingsStore_, frmMDI_.get());
         connect(frmDefault_.get(), &frmDefault::applied, this, [this](const DialogValues& values) {
             applyDialog(machine_, values);
             restartMachine();
         });
         connect(frmDefault_.get(), &frmDefault::hidden, this, [this] { frmMDI_->label(Tool::defaultSet).setWindowOpen(false); });
         connect(frmDefault_.get(), &frmDefault::unloaded, this, [this] { frmDefault_.release()->deleteLater(); });
-        connect(frmDefault_.get(), &frmDefault::answered, this, [this](const Answer& answer) { say(*frmDefault_, answer); });
     }
     frmDefault_->openAt(fromMain(frmDefault::placeInMain));
     frmMDI_->label(Tool::defaultSet).setWindowOpen(true);
@@ -496,8 +513,8 @@ void Program::setKAIROZU(int index) {
 void Program::loadNaviIndex() {
     const std::filesystem::path naviPath = folder_ / naviFolder;
     const std::string text = readTextFile(fileInFolder(naviPath, "NaviIndex.txt")).value_or(std::string());
-    naviIndex_ = readNaviIndex(
-        text, [&naviPath](const std::string& fileName) { return !fileInFolder(naviPath, textOf(fileName)).empty(); });
+    FolderFiles tours(naviPath);
+    naviIndex_ = readNaviIndex(text, [&tours](const std::string& fileName) { return !tours.find(textOf(fileName)).empty(); });
 }
 
 void Program::lblNagigator_DblClick() {

@@ -8,7 +8,7 @@
 
 #include "access/registers.h"
 #include "aids/navigation.h"
-#include "config/settings.h"
+#include "config/views/SettingsStore.h"
 #include "core/answer.h"
 #include "core/mduMain.h"
 #include "platform/Sound.h"
@@ -98,6 +98,7 @@ private:
     void positionWindows();
     void openSound();
     void quitProgram();
+    void quitWhenKept(bool kept);
 
     void activateTool(Tool tool);
     void openRegisterWindow();
@@ -123,7 +124,7 @@ private:
     QPoint fromMain(QPoint place) const;
 
     std::filesystem::path folder_;
-    SettingsPlace settingsPlace_;
+    SettingsStore settingsStore_;
     Machine machine_;
     Sound sound_;
     std::deque<std::function<void()>> steps_;

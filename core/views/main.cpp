@@ -1,8 +1,8 @@
-#include "config/settings.h"
 #include "core/views/Program.h"
 #include "platform/ImageList.h"
 #include "platform/look.h"
 #include "platform/paths.h"
+#include "platform/settingsFile.h"
 
 #include <QApplication>
 #include <QStandardPaths>
