@@ -2,6 +2,7 @@
 // the markers, and no run is empty.
 
 #include "aids/navigation.h"
+#include "aids/textLines.h"
 #include "tests/fuzz/demand.h"
 
 #include <algorithm>
@@ -11,7 +12,7 @@ namespace {
 void lookAt(const Tour& tour) {
     for (std::size_t row = 0; row < linesAPage; ++row) {
         const std::string_view line = shownLine(tour, row);
-        std::string text(line.substr(0, 30000));
+        std::string text(beginning(line, 30000));
         std::erase_if(text, [](char sign) { return sign == '&' || sign == '#' || sign == '\\'; });
         std::string runs;
         for (const TextRun& run : markedRuns(line)) {
@@ -26,7 +27,7 @@ void lookAt(const Tour& tour) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     Tour tour = readTour(std::string(data, data + size));
-    demand(tour.naviPages >= 0);
+    demand(tour.naviPages >= 0 && tour.naviLines.size() <= 3 * 32767);
     int turned = 0;
     while (hasPageBehind(tour)) {
         lookAt(tour);
