@@ -1,6 +1,5 @@
 #include "config/settings.h"
 
-#include <algorithm>
 #include <limits>
 
 namespace {
@@ -50,12 +49,17 @@ constexpr std::array<Reason, 12> reasons{{
 }};
 
 // In Japanese for everything that befalls a learner; the system's own words for what is left.
+std::string textOf(const FileError& error) {
+    for (const Reason& reason : reasons) {
+        if (error.reason == reason.code) {
+            return error.access == FileError::Access::reading ? reason.reading : reason.writing;
+        }
+    }
+    return error.reason.message();
+}
+
 std::string fileAndReason(const FileError& error) {
-    const auto known =
-        std::find_if(reasons.begin(), reasons.end(), [&error](const Reason& reason) { return error.reason == reason.code; });
-    const bool reading = error.access == FileError::Access::reading;
-    const std::string reason = known == reasons.end() ? error.reason.message() : reading ? known->reading : known->writing;
-    return "\n\nファイル： " + error.file + "\n理由： " + reason;
+    return "\n\nファイル： " + error.file + "\n理由： " + textOf(error);
 }
 
 }  // namespace

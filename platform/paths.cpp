@@ -41,7 +41,7 @@ fs::path FolderFiles::find(const QString& name) {
     if (!staysInFolder(name)) {
         return {};
     }
-    const fs::path exact = folder_ / pathOf(QString(name).replace('\\', '/'));  // lists are written with either
+    fs::path exact = folder_ / pathOf(QString(name).replace('\\', '/'));  // lists are written with either
     const QFileInfo wanted(textOfPath(exact));
     if (wanted.exists() && !wanted.isDir()) {
         return exact;
