@@ -1,7 +1,7 @@
-#include "config/settings.h"
 #include "platform/ImageList.h"
 #include "platform/look.h"
 #include "platform/paths.h"
+#include "platform/settingsFile.h"
 #include "platform/standardTexts.h"
 #include "program/Program.h"
 

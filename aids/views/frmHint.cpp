@@ -2,6 +2,7 @@
 
 #include "platform/labels.h"
 #include "platform/look.h"
+#include "platform/pictureFile.h"
 #include "platform/textFile.h"
 
 #include <QButtonGroup>
@@ -42,9 +43,6 @@ frmHint::frmHint(const std::filesystem::path& folder, QMdiArea& area)
 
 void frmHint::initHint() {
     pages_ = readHintList(readTextFile(fileInFolder(hintPath_, "RegsterHint.TXT")).value_or(std::string()));
-    for (const HintPage& page : pages_) {
-        ilsHint_.push_back(loadPicture(hintPath_, textOf(page.picture), devicePixelRatioF()));
-    }
     if (pages_.empty()) {
         reason_ = QStringLiteral("HintData に RegsterHint.TXT が見つかりません。");
     }
@@ -92,9 +90,10 @@ void frmHint::showHintFor(const QString& name) {
 
 void frmHint::showPage(int page) {
     const auto index = static_cast<std::size_t>(page);
-    if (index < ilsHint_.size()) {
-        picture_ = QPixmap::fromImage(decodePicture(ilsHint_[index], textOf(pages_[index].picture)));
-        reason_ = ilsHint_[index].reason;
+    if (index < pages_.size()) {
+        const Picture picture = loadPicture(hintPath_, textOf(pages_[index].picture), devicePixelRatioF());
+        picture_ = QPixmap::fromImage(picture.image);
+        reason_ = picture.reason;
     }
     const QSize size = picture_.isNull() ? emptyPage : picture_.deviceIndependentSize().toSize();
     const int tabsWidth = tabsInARow * tabPitch.width() - (tabPitch.width() - tabSize.width());
