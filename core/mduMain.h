@@ -81,26 +81,33 @@ inline constexpr std::array<std::size_t, 3> linkConnector{0, 1, 3};
 // States of the things on the bench. A state bears the name of the control that shows it.
 struct Led {
     bool lit = false;
+    bool operator==(const Led&) const = default;
 };
 struct Switch {
     bool on = false;  // the switch stands at "1"
+    bool operator==(const Switch&) const = default;
 };
 struct Connector {
     bool plugged = false;
+    bool operator==(const Connector&) const = default;
 };
 struct Button {
     bool down = false;
+    bool operator==(const Button&) const = default;
 };
 struct Combo {
     std::int16_t listIndex = 0;  // from 0
+    bool operator==(const Combo&) const = default;
 };
 struct Card {
     bool visible = false;
+    bool operator==(const Card&) const = default;
 };
 struct Pin {
     bool output = false;
     bool level = false;
     bool visible = true;  // a pin taken away by an IOS mode is hidden and keeps its direction
+    bool operator==(const Pin&) const = default;
 };
 
 inline constexpr Card inPlace{true};
