@@ -126,7 +126,7 @@ TEST(DumpLayout, places_columns_and_wedges_by_twips) {
         EXPECT_EQ(columnLeft(ByteView::byte, static_cast<int>(column)), byteView[column]);
         EXPECT_EQ(columnLeft(ByteView::word, static_cast<int>(column)), wordView[column]);
     }
-    EXPECT_EQ(windowWidth(ByteView::byte) - windowWidth(ByteView::word), byteToWordShift);
+    EXPECT_EQ(layoutByte.windowWidth - layoutWord.windowWidth, byteToWordShift);
     for (const auto& [big, high, line, left, right] :
          {Row<5>{0, 0, 6, 900, 960}, Row<5>{0, 1, 1, 2580, 2940}, Row<5>{1, 0, 6, 1980, 1980}, Row<5>{1, 1, 1, 3960, 4260}}) {
         const WedgeLine wedge = wedgeLine(big != 0, high != 0, line);
