@@ -143,11 +143,10 @@ TEST(DoubledAddresses, are_named_by_slot_first_pair_first_when_the_start_up_is_d
     for (const BoardIndex board : {saQDA41, saQDA73, saQDA52}) {
         cmbSA_LostFocus(machine, board, 6);
     }
-    EXPECT_NE(warningOf(picBridge_DblClick(machine)), "");
-    EXPECT_NE(warningOf(picFConn_DblClick(machine)), "");
-    EXPECT_NE(warningOf(cmbIOS_LostFocus(machine, 0)), "");
-    EXPECT_NE(warningOf(picBOARD1_RXD_DblClick(machine, 1)), "");
-    EXPECT_NE(warningOf(picCableDn_Click(machine, 2)), "");
+    for (const Answer& answer : {picBridge_DblClick(machine), picFConn_DblClick(machine), cmbIOS_LostFocus(machine, 0),
+                                 picBOARD1_RXD_DblClick(machine, 1), picCableDn_Click(machine, 2)}) {
+        EXPECT_NE(warningOf(answer), "");
+    }
 }
 
 }  // namespace
