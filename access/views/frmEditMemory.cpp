@@ -25,18 +25,13 @@ void frmEditMemory::setupAccess() {
 
 // Write, Cancel, Escape and the close box all end here.
 void frmEditMemory::done(int result) {
-    WriteResult written;
+    Answer answer;
     if (result == Accepted) {
-        written = writeMemory(machine_, rowText_.toStdString(), cell_, width(), text().toStdString());
+        answer = writeMemory(machine_, rowText_.toStdString(), cell_, width(), text().toStdString());
     }
     // The marks go first: what the write changed then turns red as a change.
     emit wordMarked(area_, cell_, false, false);
     emit refreshWanted();
     QDialog::done(result);
-    if (written.upperByteRefused) {
-        emit answered(upperByteRefusedPopup());
-    }
-    if (written.buffered) {
-        emit answered(bufferedPopup());
-    }
+    emit answered(answer);
 }
