@@ -176,6 +176,7 @@ TEST_F(Files, of_pictures_are_of_the_formats_meant_and_within_their_bounds) {
         EXPECT_EQ(picture.reason.toStdString(), row.reason.empty() ? "" : row.name + row.reason);
         EXPECT_EQ(picture.image.isNull(), !row.reason.empty()) << row.name;
     }
+    EXPECT_TRUE(decodePicture(encoded("PNG", 4097, 1), PictureFormat::png).isNull());
     fs::resize_file(folder / "1.BMP", std::uintmax_t{12} << 30);
     EXPECT_EQ(loadPicture(folder, "1.BMP", 1).reason, "1.BMP は大きすぎます。");
 #ifdef __linux__
