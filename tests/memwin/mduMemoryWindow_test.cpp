@@ -71,8 +71,11 @@ TEST(DumpRefresh, touches_in_each_window_only_what_changed_and_turns_it_red_for_
         EXPECT_FALSE(cellOf(view, 0x2F).red);
         EXPECT_EQ(view.touched, std::vector<int>{0x2F});
         colourWord(view, 0x13, false, true);
-        timColor_Timer(view);
-        EXPECT_TRUE(view.touched.empty() && cellOf(view, 0x13).red && !cellOf(view, 0x12).red) << "paint has no countdown";
+        for (int second = 1; second <= 300; ++second) {
+            timColor_Timer(view);
+            ASSERT_TRUE(view.touched.empty()) << "a dialog may stay open for long";
+        }
+        EXPECT_TRUE(cellOf(view, 0x13).red && !cellOf(view, 0x12).red) << "paint has no countdown";
         colourWord(view, 0x12, true, false);
         EXPECT_TRUE(cellOf(view, 0x12).red && !cellOf(view, 0x13).red);
     }
