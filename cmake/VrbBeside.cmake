@@ -37,7 +37,7 @@ function(vrb_beside)
   add_custom_command(
     OUTPUT ${CMAKE_BINARY_DIR}/bin/BEEP.WAV
     COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_BINARY_DIR}/bin
-    COMMAND makeBeep ${CMAKE_BINARY_DIR}/bin/BEEP.WAV
+    COMMAND $<TARGET_FILE:makeBeep> ${CMAKE_BINARY_DIR}/bin/BEEP.WAV
     DEPENDS makeBeep
     VERBATIM)
   add_custom_target(beside ALL

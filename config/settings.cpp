@@ -51,6 +51,11 @@ std::string reasonText(const std::error_code& error) {
     return error.message();
 }
 
+bool isOwnFolder(const fs::path& programFolder) {
+    std::error_code error;
+    return !fs::exists(programFolder / uninstallerName, error) && folderWritable(programFolder);
+}
+
 }  // namespace
 
 fs::path programFolder(const fs::path& executableFolder) {
@@ -66,7 +71,7 @@ fs::path programFolder(const fs::path& executableFolder) {
 
 SettingsPlace::SettingsPlace(const fs::path& programFolder, const fs::path& userFolder)
     : shipped_(programFolder / settingsFileName),
-      saved_((folderWritable(programFolder) ? programFolder : userFolder) / settingsFileName) {}
+      saved_((isOwnFolder(programFolder) ? programFolder : userFolder) / settingsFileName) {}
 
 fs::path SettingsPlace::toRead() const {
     std::error_code error;

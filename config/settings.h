@@ -84,8 +84,12 @@ inline constexpr std::array<Setting, 19> settings{{
 // bundle's Resources, or, while these have no settings, as in the build's folder, the one where the bundle itself lies.
 std::filesystem::path programFolder(const std::filesystem::path& executableFolder);
 
+// By this file beside the program one sees that an installer has put it there.
+inline constexpr const char* uninstallerName = "Uninstall.exe";
+
 // Where the settings file lies: beside the program while files can be made there, else (an installed program) in the user's
-// configuration folder. Until a first save the latter has no file; what lies beside the program is then read.
+// configuration folder. What an installer of Windows has put into a folder of the user's own can be written, and yet isn't the
+// place: the next version overwrites it. Until a first save the latter has no file; what lies beside the program is then read.
 class SettingsPlace {
 public:
     // One folder for all.

@@ -374,6 +374,9 @@ TEST_F(SettingsFile, lies_with_the_user_where_the_programs_folder_cannot_be_writ
     const fs::path user = folder / "user";
     EXPECT_EQ(SettingsPlace(folder, user).saved(), path());
     EXPECT_EQ(SettingsPlace(folder / "missing", user).saved(), user / "VRB_TS2.INI");
+    put(folder / uninstallerName, "");
+    EXPECT_EQ(SettingsPlace(folder, user).saved(), user / "VRB_TS2.INI") << "the installer's folder";
+    fs::remove(folder / uninstallerName);
 
     put(path(), "[INIT]\nIOS-QDA52=6\n; shipped\n");
     fs::permissions(folder, fs::perms(0555));
