@@ -9,11 +9,11 @@
 #include "boards/views/frmHard.h"
 #include "config/settings.h"
 #include "core/simulation.h"
-#include "core/views/Program.h"
-#include "core/views/frmMDI.h"
 #include "memwin/views/MemoryWindows.h"
 #include "platform/look.h"
 #include "platform/paths.h"
+#include "program/Program.h"
+#include "program/frmMDI.h"
 #include "tests/bench.h"
 
 #include <QApplication>
@@ -73,10 +73,10 @@ double megabytes() {
 
 void openEverything(Program& program) {
     for (const Area area : {Area::controlDoDi, Area::c1ToC7, Area::drc}) {
-        program.memoryWindows()->openArea(area);
+        program.memory().openArea(area);
     }
-    program.mainWindow()->label(Tool::registerHint).click();
-    emit program.hardware()->diagramWanted(1);
+    program.mainWindow().label(Tool::registerHint).click();
+    emit program.bench().bench()->diagramWanted(1);
 }
 
 // --- what a process of its own does: prints one number ---------------------------------------------------------------------
@@ -121,7 +121,7 @@ int wholeProgram(const QString& what, int seconds) {
     Program program(VRB_BIN);
     QObject::connect(&program, &Program::started, qApp, [&] {
         if (what == "start") {
-            QObject::connect(program.mainWindow(), &frmMDI::refreshWanted, qApp, [&] {
+            QObject::connect(&program.mainWindow(), &frmMDI::refreshWanted, qApp, [&] {
                 if (program.machine().picScanLed.lit) {
                     tell(0);
                     QApplication::exit();
@@ -131,7 +131,7 @@ int wholeProgram(const QString& what, int seconds) {
         }
         if (what != "memory") {
             openEverything(program);
-            program.mainWindow()->lblRunMode_Click(what == "stop" ? modeStop : modeRun);
+            program.mainWindow().lblRunMode_Click(what == "stop" ? modeStop : modeRun);
         }
         tellLater(what, seconds);
     });
@@ -188,13 +188,13 @@ void reportFirings() {
         QApplication::processEvents();
     }
     openEverything(program);
-    program.mainWindow()->timTick().setEnabled(false);
+    program.mainWindow().timTick().setEnabled(false);
     std::vector<double> times;
     for (int round = 0; round < rounds; ++round) {
         QElapsedTimer clock;
         clock.start();
         for (int firing = 0; firing < firingsARound; ++firing) {
-            program.mainWindow()->timTick().fire();
+            program.mainWindow().timTick().fire();
             QApplication::processEvents();
         }
         times.push_back(static_cast<double>(clock.nsecsElapsed()) / 1e3 / firingsARound);

@@ -2,8 +2,8 @@
 //
 //     bench_tickRate [SECONDS]     60 by default
 
-#include "core/views/frmMDI.h"
 #include "platform/look.h"
+#include "program/frmMDI.h"
 #include "tests/bench.h"
 
 #include <QApplication>

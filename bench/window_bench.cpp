@@ -2,11 +2,11 @@
 
 #include "access/views/frmRegister.h"
 #include "boards/views/frmHard.h"
-#include "core/views/Program.h"
-#include "core/views/frmMDI.h"
 #include "memwin/views/MemoryWindows.h"
 #include "memwin/views/frmDump.h"
 #include "platform/look.h"
+#include "program/Program.h"
+#include "program/frmMDI.h"
 #include "tests/bench.h"
 
 #include <QApplication>

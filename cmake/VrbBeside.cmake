@@ -1,21 +1,45 @@
 # What lies beside the program: the beep, the maker's settings, and the folders of the learning aids, which teachers may replace.
-find_package(Python3 REQUIRED COMPONENTS Interpreter)
 
-# A folder of pictures, drawn by a script.
-function(vrb_pictures folder script)
-  get_filename_component(home ${script} DIRECTORY)
-  file(GLOB sources CONFIGURE_DEPENDS ${home}/*.py)
-  set(stamp ${CMAKE_CURRENT_BINARY_DIR}/${folder}.stamp)
-  add_custom_command(
-    OUTPUT ${stamp}
-    COMMAND ${CMAKE_COMMAND} -DPYTHON=${Python3_EXECUTABLE} -DSCRIPT=${script} -DRENDERER=$<TARGET_FILE:renderPicture>
-            -DDRAWINGS=${CMAKE_CURRENT_BINARY_DIR}/drawings/${folder} -DFOLDER=${CMAKE_BINARY_DIR}/bin/${folder}
-            -P ${PROJECT_SOURCE_DIR}/cmake/RenderFolder.cmake
-    COMMAND ${CMAKE_COMMAND} -E touch ${stamp}
-    DEPENDS ${sources} renderPicture ${PROJECT_SOURCE_DIR}/cmake/RenderFolder.cmake
-    COMMENT "Drawing ${folder}"
-    VERBATIM)
-  set_property(GLOBAL APPEND PROPERTY vrb_beside ${stamp})
+# A folder of pictures, drawn by a set of scripts, with the lists that the set may have. A name in small letters gets a suffix in
+# small letters.
+function(vrb_pictures folder set)
+  vrb_draw(${set} drawn)
+  set(beside ${CMAKE_BINARY_DIR}/bin/${folder})
+  set(made "")
+  file(GLOB drawings ${drawn}/*.svg)
+  foreach(drawing IN LISTS drawings)
+    get_filename_component(name ${drawing} NAME_WE)
+    set(suffix .BMP)
+    if(name MATCHES "[a-z]")
+      set(suffix .bmp)
+    endif()
+    set(pictures ${beside}/${name}${suffix} ${beside}/${name}@2x.png)
+    add_custom_command(
+      OUTPUT ${pictures}
+      COMMAND ${CMAKE_COMMAND} -E make_directory ${beside}
+      COMMAND ${vrb_with_qt} $<TARGET_FILE:renderPicture> ${drawing} ${beside} ${name}${suffix}
+      DEPENDS ${drawing} renderPicture
+      COMMENT "Rendering ${name}"
+      VERBATIM)
+    list(APPEND made ${pictures})
+  endforeach()
+  file(GLOB lists ${drawn}/*.TXT)
+  foreach(list IN LISTS lists)
+    get_filename_component(name ${list} NAME)
+    add_custom_command(
+      OUTPUT ${beside}/${name}
+      COMMAND ${CMAKE_COMMAND} -E copy ${list} ${beside}/${name}
+      DEPENDS ${list}
+      VERBATIM)
+    list(APPEND made ${beside}/${name})
+  endforeach()
+  # What is no longer drawn goes.
+  file(GLOB there ${beside}/*)
+  list(REMOVE_ITEM there ${made})
+  if(there)
+    file(REMOVE ${there})
+  endif()
+  set_property(GLOBAL APPEND PROPERTY vrb_beside ${made})
 endfunction()
 
 # A folder of texts, as it is.
@@ -33,17 +57,20 @@ endfunction()
 
 # The target `beside` makes them all.
 function(vrb_beside)
-  get_property(stamps GLOBAL PROPERTY vrb_beside)
+  get_property(made GLOBAL PROPERTY vrb_beside)
+  set(beep ${PROJECT_SOURCE_DIR}/assets/sound/make_beep.py)
+  set(bin ${CMAKE_BINARY_DIR}/bin)
   add_custom_command(
-    OUTPUT ${CMAKE_BINARY_DIR}/bin/BEEP.WAV
-    COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_BINARY_DIR}/bin
-    COMMAND $<TARGET_FILE:makeBeep> ${CMAKE_BINARY_DIR}/bin/BEEP.WAV
-    DEPENDS makeBeep
+    OUTPUT ${bin}/BEEP.WAV
+    COMMAND ${CMAKE_COMMAND} -E make_directory ${bin}
+    COMMAND ${Python3_EXECUTABLE} -B ${beep} ${bin}/BEEP.WAV
+    DEPENDS ${beep}
     VERBATIM)
-  add_custom_target(beside ALL
-    # The maker's settings come once: a file that a learner saved stays.
-    COMMAND ${CMAKE_COMMAND} -DFROM=${PROJECT_SOURCE_DIR}/assets/VRB_TS2.INI -DTO=${CMAKE_BINARY_DIR}/bin/VRB_TS2.INI
+  # The maker's settings come once: a file that a learner saved stays, so it depends on nothing.
+  add_custom_command(
+    OUTPUT ${bin}/VRB_TS2.INI
+    COMMAND ${CMAKE_COMMAND} -DFROM=${PROJECT_SOURCE_DIR}/assets/VRB_TS2.INI -DTO=${bin}/VRB_TS2.INI
             -P ${PROJECT_SOURCE_DIR}/cmake/CopyOnce.cmake
-    DEPENDS ${CMAKE_BINARY_DIR}/bin/BEEP.WAV ${stamps}
     VERBATIM)
+  add_custom_target(beside ALL DEPENDS ${bin}/BEEP.WAV ${bin}/VRB_TS2.INI ${made})
 endfunction()

@@ -3,14 +3,16 @@ if(CMAKE_HOST_WIN32 AND NOT CMAKE_CROSSCOMPILING)
   set(vrb_with_qt ${CMAKE_COMMAND} -E env --modify PATH=path_list_prepend:$<TARGET_FILE_DIR:Qt6::Core> --)
 endif()
 
-# Pictures: every drawing in a folder is rendered when building, at 1x, 2x and 3x, and goes into the resources of a library
-# as :/images/<drawing>-<number>[@2x|@3x].argb.
-function(vrb_images target folder)
+# Pictures: every drawing of a set, by hand or by script, is rendered when building, at 1x, 2x and 3x, and goes into the resources
+# of a library as :/images/<drawing>-<number>[@2x|@3x].argb.
+function(vrb_images target set)
   set(pictures "")
-  file(GLOB drawings CONFIGURE_DEPENDS ${folder}/*.svg)
-  foreach(drawing IN LISTS drawings)
+  vrb_draw(${set} drawn)
+  file(GLOB by_script ${drawn}/*.svg)
+  file(GLOB by_hand CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/assets/${set}/*.svg)
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${by_hand})
+  foreach(drawing IN LISTS by_hand by_script)
     # The number of pictures stands in the drawing itself.
-    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${drawing})
     file(STRINGS ${drawing} marks REGEX "id=\"image-[0-9]+\"")
     string(REGEX MATCHALL "id=\"image-[0-9]+\"" images "${marks}")
     list(LENGTH images count)

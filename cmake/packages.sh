@@ -20,8 +20,8 @@ need_packages() {
 }
 
 # What building and running need.
-build_packages=(g++ cmake python3 ninja-build ccache qt6-base-dev qt6-multimedia-dev qt6-svg-dev libgl-dev fontconfig
-  fonts-dejavu-core fonts-dejavu-extra fonts-ipafont-gothic)
+build_packages=(g++ cmake python3 ninja-build ccache qt6-base-dev qt6-multimedia-dev qt6-svg-dev libgl-dev libimagequant-dev
+  fontconfig fonts-dejavu-core fonts-dejavu-extra fonts-ipafont-gothic)
 # What the tests, benchmarks and checks need on top.
 test_packages=(libgtest-dev libbenchmark-dev clang-format clang-tidy)
 # What counting the lines that run needs on top.

@@ -23,3 +23,7 @@ struct Warning {
 
 // Nothing to say, a popup or a warning.
 using Answer = std::variant<std::monostate, Popup, Warning>;
+
+inline bool saysAnything(const Answer& answer) {
+    return !std::holds_alternative<std::monostate>(answer);
+}

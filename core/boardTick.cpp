@@ -1,7 +1,6 @@
 #include "core/boardTick.h"
 
 #include "core/portOutput.h"
-#include "core/simulation.h"
 
 #include <cmath>
 

@@ -8,6 +8,7 @@ namespace {
 constexpr std::string_view chipName = "QDA60 ";
 constexpr std::uint8_t bcrAtFullDuplex = 0x13;
 constexpr std::uint8_t bcrAtHalfDuplex = 0x03;
+constexpr std::uint8_t firstScanLastAddress = 4;
 
 }  // namespace
 
@@ -76,4 +77,17 @@ void resetRegisters(Machine& machine) {
     machine.chipMemory[reg::bcrLow] = bcr;
     machine.registerShadowLow[8] = bcr;  // so that the register window doesn't show the reset value as a change
     machine.duplexBit = halfDuplex ? 0 : fullDuplexBit;
+}
+
+void fillMemory(Machine& machine, std::uint64_t dateNumber) {
+    if (machine.memoryClearDefault != 0) {
+        clearMemory(machine);
+    } else {
+        randomizeMemory(machine, dateNumber);
+    }
+}
+
+void startMachine(Machine& machine) {
+    resetRegisters(machine);
+    machine.chipMemory[reg::scrLow] = firstScanLastAddress;
 }

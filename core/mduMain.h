@@ -248,6 +248,11 @@ inline void setMemoryWord(Machine& machine, int index, int word) {
     machine.chipMemory[at + 1] = static_cast<std::uint8_t>(word >> 8);
 }
 
+// A scan is on: the chip refuses what it refuses during a scan, and its SCAN LED is lit.
+inline bool scanOn(const Machine& machine) {
+    return machine.scanRunning || machine.scanOneShot;
+}
+
 // Zeroes what the boards hold and the scan keeps from visit to visit, the write temporary buffer and the LED timers. Scan
 // flags, addresses and rates stay. The settings are read after it, so that ios52 and mode52 then take theirs.
 void clearBoardState(Machine& machine);
@@ -262,3 +267,10 @@ void randomizeMemory(Machine& machine, std::uint64_t dateNumber);
 // The chip's reset: registers to zero, chip name, BCR and duplexBit from the TRANSFER setting. The scan flags stay: a scan
 // under way finds SCR zero at its next pass end.
 void resetRegisters(Machine& machine);
+
+// Memory as the setting memoryClearDefault has it at a start: zero or random. `dateNumber` is that of randomizeMemory.
+void fillMemory(Machine& machine, std::uint64_t dateNumber);
+
+// The machine starts: the chip is reset, and 4 in SCR's low byte makes the first tick begin a continuous scan of SA 1 to 4. The
+// program's start and every restart end with it.
+void startMachine(Machine& machine);

@@ -35,8 +35,3 @@ void updateIntLed(Machine& machine);
 
 // Steps the command byte of the visited station by its step mode.
 void stepCommand(Machine& machine);
-
-// True while a continuous or a single scan is on, by the two flags.
-inline bool scanOn(const Machine& machine) {
-    return machine.scanRunning || machine.scanOneShot;
-}

@@ -3,6 +3,7 @@
 #include "platform/twips.h"
 
 #include <QApplication>
+#include <QLayout>
 #include <QScreen>
 #include <QStyle>
 #include <QWidget>
@@ -48,10 +49,19 @@ QSize sizeWithFrame(const QWidget& window) {
     if (framed.height() > window.height()) {
         return framed;
     }
-    return window.size() + QSize(0, window.style()->pixelMetric(QStyle::PM_TitleBarHeight));
+    // The desktop has not yet put its frame around it: the owner's title is as high.
+    const QWidget* owner = window.parentWidget() != nullptr ? window.parentWidget()->window() : nullptr;
+    const int title = owner != nullptr ? owner->frameGeometry().height() - owner->height() : 0;
+    return window.size() + QSize(0, title > 0 ? title : window.style()->pixelMetric(QStyle::PM_TitleBarHeight));
 }
 
 void placeWindow(QWidget& window, QPoint place) {
+    // A layout that only takes its size while the window comes up would have the place mean the inside of the frame.
+    if (!window.isVisible() && window.layout() != nullptr) {
+        window.ensurePolished();
+        window.layout()->activate();
+        window.adjustSize();
+    }
     window.move(keptOnScreen({place, sizeWithFrame(window)}).topLeft());
 }
 

@@ -23,7 +23,7 @@ def part_of(name):
     """Model, platform or windows: what the file belongs to."""
     if name.startswith("platform/"):
         return "platform"
-    return "windows" if "/views/" in name else "model"
+    return "windows" if "/views/" in name or name.startswith("program/") else "model"
 
 
 def counted(build):

@@ -2,6 +2,7 @@
 
 #include "access/hexText.h"
 #include "platform/look.h"
+#include "platform/screen.h"
 #include "platform/twips.h"
 
 #include <QEvent>
@@ -31,6 +32,7 @@ WriteDialog::WriteDialog(const char* name, const QString& title, OvertypeField::
     setObjectName(name);
     setWindowTitle(title);
     setWindowModality(Qt::ApplicationModal);
+    setWindowFlag(Qt::WindowStaysOnTopHint);  // under a topmost window the program would seem dead
     setFixedSize(dialogSize);
 
     auto* label1 = new QLabel("Address", this);
@@ -77,7 +79,6 @@ void WriteDialog::makeButtons() {
         cmdAction_[action] = new QPushButton(captions[action], this);
         cmdAction_[action]->setObjectName(QStringLiteral("cmdAction%1").arg(action));
         cmdAction_[action]->setProperty("dialogButton", true);
-        cmdAction_[action]->setAutoDefault(false);
         cmdAction_[action]->setGeometry(232, 58 + 38 * static_cast<int>(action), 76, 28);
     }
     cmdAction_[0]->setDefault(true);
@@ -89,7 +90,7 @@ void WriteDialog::openAt(QPoint place, bool byteWide) {
     opnAccess_[0]->setEnabled(!byteWide);
     opnAccess_[byteWide ? 1 : 0]->setChecked(true);
     setupAccess();
-    move(place);
+    placeWindow(*this, place);
     show();
     activateWindow();
     txtWriteData_->setFocus();

@@ -47,7 +47,6 @@ frmMemoryRead::frmMemoryRead(Machine& machine, QWidget* owner)
         cmdAction[action] = new QPushButton(captions[action], this);
         cmdAction[action]->setObjectName(QStringLiteral("cmdAction%1").arg(action));
         cmdAction[action]->setProperty("dialogButton", true);
-        cmdAction[action]->setAutoDefault(false);
         cmdAction[action]->setGeometry(246, 14 + 36 * static_cast<int>(action), 76, 28);
     }
     cmdAction[0]->setDefault(true);

@@ -5,6 +5,7 @@
 #include "platform/labels.h"
 #include "platform/look.h"
 
+#include <QCloseEvent>
 #include <QFontMetricsF>
 #include <QKeyEvent>
 #include <QPainter>
@@ -172,7 +173,7 @@ void frmRegister::makeRow(int row) {
         cell->setGeometry(cellPlace(places[column], cell->font(), topOfRow(row)));
         cells_[static_cast<std::size_t>(row)][column] = cell;
         connect(cell, &RegisterCell::writeWanted, this,
-                [this, name, row, cell, half] { emit registerWriteWanted(name, row, cell->mapToGlobal(QPoint()).y(), half); });
+                [this, name, row, cell, half] { emit registerWriteWanted(name, row, frameGeometry().top() + cell->y(), half); });
         connect(cell, &RegisterCell::moveWanted, this, [this, row, column](int rows, int columns) {
             const int toRow = std::clamp(row + rows, 1, registerRows);
             const int toColumn = std::clamp(static_cast<int>(column) + columns, 0, 3);
@@ -212,7 +213,8 @@ void frmRegister::markRow(int row, bool highRed, bool lowRed) {
     showRow(row);
 }
 
-void frmRegister::closeEvent(QCloseEvent* /*event*/) {
+void frmRegister::closeEvent(QCloseEvent* event) {
+    event->ignore();  // whoever hears of it forgets the window
     emit closed();
 }
 

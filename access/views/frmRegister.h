@@ -62,7 +62,8 @@ public:
     Timer& timRegister() { return timRegister_; }
 
 signals:
-    // A value was double-clicked: the register's name and row, the top of the cell on the screen, and the half.
+    // A value was double-clicked: the register's name and row, the top of the cell in the window plus the top of the window's
+    // frame on the screen, and the half.
     void registerWriteWanted(const QString& name, int row, int top, Half half);
     void closed();
 

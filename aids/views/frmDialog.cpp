@@ -85,7 +85,7 @@ void frmDialog::showFirst() {
 
     const QRect owner = parentWidget()->frameGeometry();
     move(keptOnScreen({owner.center() - QPoint(wide / 2, high / 2), size()}).topLeft());
-    emit appeared();
+    emit appeared(QString::fromStdString(warning.text));
     show();
     activateWindow();
     cmdAction_[0]->setDefault(true);  // not the button of the answer before

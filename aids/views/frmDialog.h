@@ -29,8 +29,8 @@ public:
     void warningDialog(const Warning& warning, Continuation next = {});
 
 signals:
-    // A dialog comes up.
-    void appeared();
+    // A dialog comes up and says this.
+    void appeared(const QString& text);
 
 public slots:
     void reject() override;

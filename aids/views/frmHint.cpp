@@ -5,7 +5,6 @@
 #include "platform/textFile.h"
 
 #include <QButtonGroup>
-#include <QCloseEvent>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPushButton>
@@ -26,19 +25,19 @@ int tabsHeight(int pages) {
 
 }  // namespace
 
-frmHint::frmHint(const std::filesystem::path& folder, QWidget* owner)
-    : QWidget(owner, Qt::Tool | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint),
-      hintPath_(folder / "HintData"),
-      tabHint_(new QButtonGroup(this)) {
+frmHint::frmHint(const std::filesystem::path& folder, QMdiArea& area)
+    : AreaWindow(area), hintPath_(folder / "HintData"), face_(new QWidget), tabHint_(new QButtonGroup(this)) {
     setObjectName("frmHint");
-    setWindowTitle("Register Hint");
-    setAttribute(Qt::WA_MacAlwaysShowToolWindow);
+    face_->setWindowTitle("Register Hint");
+    face_->setFocusPolicy(Qt::StrongFocus);
+    face_->installEventFilter(this);
     connect(tabHint_, &QButtonGroup::idToggled, this, [this](int page, bool chosen) {
         if (chosen) {
             showPage(page);
         }
     });
     initHint();
+    setContent(*face_);
 }
 
 void frmHint::initHint() {
@@ -57,11 +56,12 @@ void frmHint::makeTabs() {
     const int tabs = std::max(pageCount(), 1);  // without a list one empty tab
     for (int page = 0; page < tabs; ++page) {
         const QString caption = pages_.empty() ? QString() : textOf(pages_[static_cast<std::size_t>(page)].caption);
-        auto* tab = new QPushButton(caption, this);
+        auto* tab = new QPushButton(caption, face_);
         tab->setObjectName(QStringLiteral("tabHint%1").arg(page));
         tab->setProperty("viewButton", true);
         tab->setFont(look::textFont(12));
         tab->setCheckable(true);
+        tab->setFocusPolicy(Qt::TabFocus);
         tab->setGeometry(
             QRect(QPoint(inset + page % tabsInARow * tabPitch.width(), inset + page / tabsInARow * tabPitch.height()), tabSize));
         tabHint_->addButton(tab, page);
@@ -80,8 +80,7 @@ void frmHint::turnTo(std::size_t page) {
 }
 
 void frmHint::showHintFor(const QString& name) {
-    const auto page = pageFor(pages_, name.toStdString());
-    if (isVisible() && page) {
+    if (const auto page = pageFor(pages_, name.toStdString())) {
         turnTo(*page);
     }
 }
@@ -94,36 +93,39 @@ void frmHint::showPage(int page) {
     }
     const QSize size = picture_.isNull() ? emptyPage : picture_.deviceIndependentSize().toSize();
     const int tabsWidth = tabsInARow * tabPitch.width() - (tabPitch.width() - tabSize.width());
-    setFixedSize(std::max(size.width(), tabsWidth) + 2 * inset, size.height() + tabsHeight(pageCount()) + 3 * inset);
-    update();
-}
-
-void frmHint::closeEvent(QCloseEvent* event) {
-    event->ignore();
-    hide();
-    emit closed();
+    face_->setFixedSize(std::max(size.width(), tabsWidth) + 2 * inset, size.height() + tabsHeight(pageCount()) + 3 * inset);
+    if (widget() != nullptr) {
+        fit();
+    }
+    face_->update();
 }
 
 void frmHint::keyPressEvent(QKeyEvent* event) {
     const int pages = std::max(pageCount(), 1);
     switch (event->key()) {
-        case Qt::Key_Escape: close(); break;
         case Qt::Key_PageDown: turnTo(static_cast<std::size_t>((page() + 1) % pages)); break;
         case Qt::Key_PageUp: turnTo(static_cast<std::size_t>((page() + pages - 1) % pages)); break;
-        default: QWidget::keyPressEvent(event);
+        default: AreaWindow::keyPressEvent(event);
     }
 }
 
-void frmHint::paintEvent(QPaintEvent* /*event*/) {
-    QPainter painter(this);
-    painter.fillRect(rect(), QColor::fromRgb(look::windowFace));
+bool frmHint::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == face_ && event->type() == QEvent::Paint) {
+        paintFace();
+    }
+    return AreaWindow::eventFilter(watched, event);
+}
+
+void frmHint::paintFace() {
+    QPainter painter(face_);
+    painter.fillRect(face_->rect(), QColor::fromRgb(look::windowFace));
     const QPoint corner(inset, tabsHeight(pageCount()) + 2 * inset);
     if (!picture_.isNull()) {
         painter.setRenderHint(QPainter::SmoothPixmapTransform);  // for screens between the two sizes of a picture
         painter.drawPixmap(corner, picture_);
         return;
     }
-    const QRect place(corner, QSize(width() - 2 * inset, height() - corner.y() - inset));
+    const QRect place(corner, QSize(face_->width() - 2 * inset, face_->height() - corner.y() - inset));
     painter.fillRect(place, Qt::white);
     painter.setFont(look::textFont(14));
     painter.setPen(QColor::fromRgb(look::secondInk));

@@ -4,49 +4,46 @@
 #pragma once
 
 #include "aids/hintPages.h"
+#include "platform/AreaWindow.h"
 #include "platform/pictureFile.h"
 
 #include <QPixmap>
-#include <QWidget>
 
 #include <filesystem>
 
 class QButtonGroup;
-class QGridLayout;
 
-class frmHint : public QWidget {
+class frmHint : public AreaWindow {
     Q_OBJECT
 
 public:
-    // Reads the pages from the folder HintData in `folder`, the program's. What can't be read is left out without a word.
-    frmHint(const std::filesystem::path& folder, QWidget* owner);
+    // Reads the pages from the folder HintData in `folder`, the program's. What can't be read is left out without a word, and a
+    // missing list leaves one empty tab.
+    frmHint(const std::filesystem::path& folder, QMdiArea& area);
 
-    bool hasPages() const { return !pages_.empty(); }
     int page() const;
     int pageCount() const { return static_cast<int>(pages_.size()); }
     // Turns to a page, as a click on its tab does. A number without a page is ignored.
     void turnTo(std::size_t page);
-    // While the window is visible: turns to the page whose caption has the name.
+    // Turns to the page whose caption has the name.
     void showHintFor(const QString& name);
     const QPixmap& picHint() const { return picture_; }
 
-signals:
-    void closed();
-
 protected:
-    void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
 
 private:
     void initHint();
     void makeTabs();
     void showPage(int page);
+    void paintFace();
 
     std::filesystem::path hintPath_;
     std::vector<HintPage> pages_;
     std::vector<PictureFile> ilsHint_;  // read at the start, and decoded when the learner turns to it
     QString reason_;                    // why the page has no picture
+    QWidget* face_;                     // tabs and page
     QButtonGroup* tabHint_;
     QPixmap picture_;
 };

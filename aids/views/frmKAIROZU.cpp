@@ -4,10 +4,8 @@
 #include "platform/labels.h"
 #include "platform/look.h"
 #include "platform/pictureFile.h"
-#include "platform/screen.h"
 
 #include <QEvent>
-#include <QKeyEvent>
 #include <QPainter>
 
 namespace {
@@ -16,14 +14,14 @@ constexpr QSize emptySize{480, 120};
 
 }  // namespace
 
-frmKAIROZU::frmKAIROZU(const Machine& machine, const std::filesystem::path& folder, QWidget* owner)
-    : QWidget(owner, Qt::Tool | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint),
-      machine_(machine),
-      folder_(folder / "Kairozu") {
+frmKAIROZU::frmKAIROZU(const Machine& machine, const std::filesystem::path& folder, QMdiArea& area)
+    : AreaWindow(area), machine_(machine), folder_(folder / "Kairozu"), face_(new QWidget) {
     setObjectName("frmKAIROZU");
-    setWindowTitle("回路図");
-    setAttribute(Qt::WA_MacAlwaysShowToolWindow);
-    setFixedSize(emptySize);
+    face_->setWindowTitle("回路図");
+    face_->setFixedSize(emptySize);
+    face_->setFocusPolicy(Qt::StrongFocus);  // the keyboard has somewhere to be
+    face_->installEventFilter(this);
+    setContent(*face_);
 }
 
 void frmKAIROZU::load() {
@@ -40,9 +38,10 @@ void frmKAIROZU::load() {
         QString ignored;  // without its overlay the diagram is still worth seeing
         picHalf_ = picture(diagram.overlay, ignored);
     }
-    setFixedSize(picKAIROZU_.isNull() ? emptySize : picKAIROZU_.deviceIndependentSize().toSize());
-    setAccessibleName(textOf(diagram.picture));
-    update();
+    face_->setFixedSize(picKAIROZU_.isNull() ? emptySize : picKAIROZU_.deviceIndependentSize().toSize());
+    fit();
+    face_->setAccessibleName(textOf(diagram.picture));
+    face_->update();
 }
 
 void frmKAIROZU::setKAIROZU(int index, QPoint place) {
@@ -50,9 +49,8 @@ void frmKAIROZU::setKAIROZU(int index, QPoint place) {
         kairozuIndex_ = index;
         load();
     }
-    placeWindow(*this, place);
-    show();
-    raise();
+    placeAt(place);
+    bringUp();
 }
 
 void frmKAIROZU::changeKAIROZU(int index, QPoint place) {
@@ -61,28 +59,20 @@ void frmKAIROZU::changeKAIROZU(int index, QPoint place) {
     }
 }
 
-bool frmKAIROZU::event(QEvent* event) {
-    if (event->type() == QEvent::WindowActivate) {
-        emit activated();
+bool frmKAIROZU::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == face_ && event->type() == QEvent::Paint) {
+        paintFace();
     }
-    return QWidget::event(event);
+    return AreaWindow::eventFilter(watched, event);
 }
 
-void frmKAIROZU::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Escape) {
-        close();
-    } else {
-        QWidget::keyPressEvent(event);
-    }
-}
-
-void frmKAIROZU::paintEvent(QPaintEvent* /*event*/) {
-    QPainter painter(this);
-    painter.fillRect(rect(), Qt::white);
+void frmKAIROZU::paintFace() {
+    QPainter painter(face_);
+    painter.fillRect(face_->rect(), Qt::white);
     if (picKAIROZU_.isNull()) {
         painter.setFont(look::textFont(14));
         painter.setPen(QColor::fromRgb(look::secondInk));
-        painter.drawText(rect().adjusted(12, 0, -12, 0), Qt::AlignCenter | Qt::TextWordWrap, message_);
+        painter.drawText(face_->rect().adjusted(12, 0, -12, 0), Qt::AlignCenter | Qt::TextWordWrap, message_);
         return;
     }
     painter.setRenderHint(QPainter::SmoothPixmapTransform);  // for screens between the two sizes of a picture

@@ -3,20 +3,20 @@
 #pragma once
 
 #include "core/mduMain.h"
+#include "platform/AreaWindow.h"
 
 #include <QPixmap>
-#include <QWidget>
 
 #include <filesystem>
 
-class frmKAIROZU : public QWidget {
+class frmKAIROZU : public AreaWindow {
     Q_OBJECT
 
 public:
     // `folder` is the program's; the pictures lie in its folder Kairozu.
-    frmKAIROZU(const Machine& machine, const std::filesystem::path& folder, QWidget* owner);
+    frmKAIROZU(const Machine& machine, const std::filesystem::path& folder, QMdiArea& area);
 
-    // Shows diagram 0 to 4 with the frame at `place` on the screen. Any other number opens the window on what it held.
+    // Shows diagram 0 to 4 with the frame at `place` in the area. Any other number opens the window on what it held.
     void setKAIROZU(int index, QPoint place);
     // Loads the diagram anew, and goes back to its place, if it is the one on show.
     void changeKAIROZU(int index, QPoint place);
@@ -28,19 +28,16 @@ public:
     // What stands in place of a picture that could not be shown.
     QString message() const { return message_; }
 
-signals:
-    void activated();
-
 protected:
-    bool event(QEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void load();
+    void paintFace();
 
     const Machine& machine_;
     std::filesystem::path folder_;
+    QWidget* face_;
     int kairozuIndex_ = -1;
     QPixmap picKAIROZU_;
     QPixmap picHalf_;

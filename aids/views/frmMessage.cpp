@@ -43,6 +43,7 @@ void frmMessage::popup(const QString& text, QPoint point) {
     show();
     raise();
     timErase_.setEnabled(true);  // and the first second starts anew
+    emit appeared(text);
 }
 
 QString frmMessage::text() const {

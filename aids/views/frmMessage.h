@@ -20,6 +20,9 @@ public:
     QString text() const;
     Timer& timErase() { return timErase_; }
 
+signals:
+    void appeared(const QString& text);
+
 protected:
     void mousePressEvent(QMouseEvent* event) override;
 

@@ -1,5 +1,6 @@
 #include "aids/views/frmNaviList.h"
 
+#include "aids/views/NaviSign.h"
 #include "platform/labels.h"
 #include "platform/look.h"
 #include "platform/screen.h"
@@ -7,6 +8,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -37,7 +39,9 @@ QPushButton* makeButton(const char* name, const char* caption, QWidget* parent) 
 }  // namespace
 
 frmNaviList::frmNaviList(const std::vector<NaviRecord>& naviIndex, QWidget* owner)
-    : QDialog(owner, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint),
+    : QDialog(owner, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint |
+                         // in front of the tour window too: under it, neither of the two could be used
+                         Qt::WindowStaysOnTopHint),
       lstTitle_(new QListWidget(this)),
       cmdStart_(makeButton("cmdStart", "Navigation Start", this)),
       cmdCancel_(makeButton("cmdCancel", "Cancel", this)) {
@@ -48,11 +52,14 @@ frmNaviList::frmNaviList(const std::vector<NaviRecord>& naviIndex, QWidget* owne
     lstTitle_->setObjectName("lstTitle");
     lstTitle_->setFont(look::textFont(14));
     lstTitle_->setUniformItemSizes(true);
+    lstTitle_->setIconSize({NaviSign::size, NaviSign::size});
     lstTitle_->setMinimumSize(listSize);
     lstTitle_->setAccessibleName(windowTitle());
     for (std::size_t number = 1; number < naviIndex.size(); ++number) {
         auto* item = new QListWidgetItem(textOf(naviIndex[number].title), lstTitle_);
         item->setSizeHint({0, rowHeight});
+        item->setIcon(NaviSign::icon(TourSign::none));  // the place of the mark
+        fileNames_.push_back(naviIndex[number].fileName);
     }
     lstTitle_->setCurrentRow(0);
     cmdStart_->setDefault(true);
@@ -86,11 +93,30 @@ void frmNaviList::openList() {
     lstTitle_->setFocus();
 }
 
+void frmNaviList::markFinished(const std::string& fileName) {
+    for (std::size_t row = 0; row < fileNames_.size(); ++row) {
+        if (fileNames_[row] == fileName) {
+            QListWidgetItem& item = *lstTitle_->item(static_cast<int>(row));
+            item.setIcon(NaviSign::icon(TourSign::done));
+            item.setData(Qt::AccessibleTextRole, item.text() + " (最後まで進みました)");
+        }
+    }
+}
+
 void frmNaviList::cmdStart_Click() {
+    if (!isVisible()) {
+        return;  // the second click of a hasty pair: the first has begun the tour
+    }
     emit startWanted(static_cast<std::size_t>(lstTitle_->currentRow()) + 1);
 }
 
-void frmNaviList::hideEvent(QHideEvent* event) {
-    QDialog::hideEvent(event);
-    emit hidden();
+void frmNaviList::tellMissing() {
+    if (notice_ != nullptr) {
+        return;
+    }
+    notice_ = new QMessageBox(QMessageBox::Information, "確認", "ファイルが見つかりません。", QMessageBox::Ok, this);
+    notice_->setObjectName("naviNotice");
+    notice_->setAttribute(Qt::WA_DeleteOnClose);
+    notice_->setWindowFlag(Qt::WindowStaysOnTopHint);
+    notice_->open();
 }

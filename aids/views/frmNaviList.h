@@ -5,8 +5,10 @@
 #include "aids/navigation.h"
 
 #include <QDialog>
+#include <QPointer>
 
 class QListWidget;
+class QMessageBox;
 class QPushButton;
 
 class frmNaviList : public QDialog {
@@ -19,6 +21,12 @@ public:
     // Shows the list at the bottom right of the screen, or brings it to the front.
     void openList();
 
+    // Marks the tours of this file as finished, until the program ends.
+    void markFinished(const std::string& fileName);
+
+    // Says that the chosen tour's file is missing; the list stays open.
+    void tellMissing();
+
     QListWidget& lstTitle() { return *lstTitle_; }
     QPushButton& cmdStart() { return *cmdStart_; }
     QPushButton& cmdCancel() { return *cmdCancel_; }
@@ -26,16 +34,13 @@ public:
 signals:
     // The tour with this number, from 1, was chosen, or 0 from an empty list. The list is still open.
     void startWanted(std::size_t number);
-    // The list is no longer to be seen.
-    void hidden();
-
-protected:
-    void hideEvent(QHideEvent* event) override;
 
 private:
     void cmdStart_Click();
 
+    std::vector<std::string> fileNames_;  // by row
     QListWidget* lstTitle_;
     QPushButton* cmdStart_;
     QPushButton* cmdCancel_;
+    QPointer<QMessageBox> notice_;
 };

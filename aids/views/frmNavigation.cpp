@@ -31,6 +31,10 @@ constexpr int buttonGap = twips(100);
 constexpr int nextGap = twips(200);
 constexpr int textSize = 15;
 constexpr int textInset = 6;
+static_assert(NaviSign::size <= textInset + sideMargin);
+
+// A look goes with every refresh; while time is stopped there is none, so the window also looks by itself.
+constexpr int watchInterval = 100;
 
 constexpr std::array<const char*, 4> captions{"Back", "Next", "to Menu List", "Navi 終了"};
 
@@ -78,10 +82,13 @@ void NaviLine::paintEvent(QPaintEvent* /*event*/) {
 
 // --- the window --------------------------------------------------------------------------------------------------------------
 
-frmNavigation::frmNavigation(std::filesystem::path naviPath, QWidget* owner)
+frmNavigation::frmNavigation(std::filesystem::path naviPath, const Machine& machine, const SeenByLearner& seen, QWidget* owner)
     : QWidget(owner,
               Qt::Tool | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint | Qt::WindowStaysOnTopHint),
       naviPath_(std::move(naviPath)),
+      machine_(machine),
+      seen_(seen),
+      picSign_(new NaviSign(this)),
       lblIndex_(new QLabel(this)) {
     setObjectName("frmNavigation");
     setWindowTitle("Navigation");
@@ -90,6 +97,8 @@ frmNavigation::frmNavigation(std::filesystem::path naviPath, QWidget* owner)
         picNav_[row] = new NaviLine(this);
         picNav_[row]->setObjectName(QStringLiteral("picNav%1").arg(row));
     }
+    picSign_->setObjectName("picSign");
+    picSign_->raise();  // over the line's end
     lblIndex_->setObjectName("lblIndex");
     lblIndex_->setAlignment(Qt::AlignCenter);
     lblIndex_->setFont(look::interfaceFont(13));
@@ -102,6 +111,9 @@ frmNavigation::frmNavigation(std::filesystem::path naviPath, QWidget* owner)
         cmdAction_[action] = button;
     }
     cmdAction_[actionNext]->setDefault(true);
+    timWatch_.setInterval(watchInterval);
+    timWatch_.setEnabled(false);
+    connect(&timWatch_, &Timer::timeout, this, [this] { watchFor(watchInterval); });
     setMinimumWidth(leastWidth);
     setFixedHeight(faceHeight);
     resize(leastWidth, faceHeight);
@@ -109,6 +121,8 @@ frmNavigation::frmNavigation(std::filesystem::path naviPath, QWidget* owner)
 
 void frmNavigation::setNavigation(const std::string& fileName) {
     clearPages();
+    fileName_ = fileName;
+    watches_.clear();
     // Missing files don't come this far, but one may have gone since the index was read.
     const std::optional<std::string> text = readTextFile(fileInFolder(naviPath_, textOf(fileName)));
     tour_ = readTour(text.value_or(fileName + " を読めません。"));
@@ -122,7 +136,45 @@ void frmNavigation::showPage() {
     for (std::size_t row = 0; row < picNav_.size(); ++row) {
         picNav_[row]->drawMarkedText(shownLine(tour_, row));
     }
+    if (TourWatch& page = watches_[tour_.naviPage]; page.sign == TourSign::open || page.promises.empty()) {
+        page = watchPage(shownLine(tour_, linesShown), machine_, seen_);
+    }
+    showSign();
+    if (tour_.naviPages > 0 && !hasPageBehind(tour_)) {
+        emit finished(fileName_);
+    }
 }
+
+// --- the watch ---------------------------------------------------------------------------------------------------------------
+
+void frmNavigation::watchFor(int milliseconds) {
+    if (picSign_->sign() != TourSign::open || !isVisible()) {
+        return;
+    }
+    lookAgain(watches_[tour_.naviPage], machine_, seen_, milliseconds);
+    showSign();
+}
+
+void frmNavigation::hear(const QString& text) {
+    if (isVisible()) {
+        watch();
+        ::hear(watches_[tour_.naviPage], text.toStdString());
+        showSign();
+    }
+}
+
+void frmNavigation::showSign() {
+    const TourSign sign = watches_[tour_.naviPage].sign;
+    timWatch_.setEnabled(sign == TourSign::open && isVisible());
+    // A line that is cut off has taken that room.
+    picSign_->setVisible(sign != TourSign::none && picNav_[1]->textWidth() <= picNav_[1]->width());
+    if (picSign_->sign() != sign) {
+        picSign_->setSign(sign);
+        cmdAction_[actionNext]->setAccessibleDescription(picSign_->accessibleName());  // where the keyboard stands
+    }
+}
+
+// --- pages and buttons -------------------------------------------------------------------------------------------------------
 
 void frmNavigation::updateButtons() {
     cmdAction_[actionBack]->setEnabled(hasPageBefore(tour_));
@@ -141,6 +193,9 @@ QString frmNavigation::lblIndex() const {
 }
 
 void frmNavigation::cmdAction_Click(Action action) {
+    if (!isVisible()) {
+        return;  // the second click of a hasty pair
+    }
     switch (action) {
         case actionBack:
         case actionNext:
@@ -161,6 +216,8 @@ void frmNavigation::layOut() {
         picNav_[row]->setGeometry(sideMargin, topMargin + static_cast<int>(row) * lineHeight, width() - 2 * sideMargin,
                                   lineHeight);
     }
+    // The sign needs no room of the text: it stands on the line's inset and the window's margin.
+    picSign_->setGeometry(width() - NaviSign::size, picNav_[1]->y(), NaviSign::size, lineHeight);
     int right = width() - edgeGap;
     const auto placeLeftOf = [&right](QWidget& part, int partWidth) {
         part.setGeometry(right - partWidth, buttonTop, partWidth, buttonSize.height());
@@ -177,12 +234,24 @@ void frmNavigation::layOut() {
 void frmNavigation::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     layOut();
-    placeBottomRight(*this);
+    showSign();
+    if (event->spontaneous()) {
+        placeBottomRight(*this);
+    }
 }
 
-void frmNavigation::showEvent(QShowEvent* event) {
-    QWidget::showEvent(event);
-    placeBottomRight(*this);
+// The place comes first: a window that is moved while the desktop still makes its frame ends up beside its place.
+void frmNavigation::setVisible(bool visible) {
+    if (visible && !isVisible()) {
+        placeBottomRight(*this);
+    }
+    QWidget::setVisible(visible);
+    showSign();
+}
+
+void frmNavigation::hideEvent(QHideEvent* event) {
+    QWidget::hideEvent(event);
+    timWatch_.setEnabled(false);
 }
 
 bool frmNavigation::event(QEvent* event) {

@@ -3,7 +3,7 @@
 All of them stand at the same place on every sheet. Whatever full and half duplex change lies inside the line section and its
 cell of the title row, the part of the sheet up to (HALF_WIDTH, HALF_HEIGHT).
 """
-from schematic import FAINT, GREEN, GREEN_LINE, INK, JUMPER, NET, PALE, SANS, SECOND, STRAP
+from kit.svg_kit import CAN, FAINT, GREEN, GREEN_LINE, INK, NET, SANS, SECOND, SHEET_GREEN, STRAP, WHITE
 
 HALF_WIDTH, HALF_HEIGHT = 408, 258
 FULL = '全2重 FULL (JMP-F)'
@@ -14,7 +14,7 @@ RXD, TXE, TXD = 84, 160, 206
 
 def line_section(sheet, half):
     """The two connectors of the line, the transformers and the transceiver; RXD, TXE and TXD leave to the right."""
-    sheet.box(14, 40, 392, 216, PALE, GREEN_LINE, 1, 4, '5 3')
+    sheet.box(14, 40, 392, 216, SHEET_GREEN, GREEN_LINE, 1, 4, '5 3')
     sheet.text(22, 54, '回線部　受信と送信に同じ1組' if half else '回線部　受信と送信に1組ずつ', 11, GREEN)
     first = [(72 + 12 * pin, pin + 1) for pin in range(6)]
     second = [(170 + 12 * pin, 6 - pin) for pin in range(6)]
@@ -96,7 +96,7 @@ def half_pair(sheet):
 
 
 def transceiver(sheet, half):
-    sheet.chip(306, 60, 50, 172, 'U2', '', 9.5, '#ffffff', .41)
+    sheet.chip(306, 60, 50, 172, 'U2', '', 9.5, WHITE, .41)
     sheet.text(331, 143, 'TRX', 9.5, INK, 'middle', SANS, True)
     sheet.text(331, 73, 'VCC', 9, INK, 'middle', SANS)
     sheet.text(331, 227, 'GND', 9, INK, 'middle', SANS)
@@ -120,9 +120,9 @@ def transceiver(sheet, half):
     sheet.wire((356, 112), (384, 112))
     sheet.text(384, 91, 'JP1', 9, INK, 'middle')
     for pin, y in enumerate((100, 112, 124), 1):
-        sheet.box(381, y - 3, 6, 6, '#ffffff', INK, 1, 0)
+        sheet.box(381, y - 3, 6, 6, WHITE, INK, 1, 0)
         sheet.number(376, y + (-2 if pin == 2 else 3), pin, 'end')
-    sheet.box(378.5, 106.5 if half else 94.5, 11, 23, 'none', JUMPER, 1.8, 2.5)
+    sheet.box(378.5, 106.5 if half else 94.5, 11, 23, 'none', STRAP, 1.8, 2.5)
     sheet.wire((387, 100), (399, 100))
     sheet.gnd(399, 100)
     sheet.wire((387, 124), (399, 124), (399, TXE))
@@ -138,7 +138,7 @@ def reset_circuit(sheet):
     sheet.vcc(123, 261)
     sheet.wire((110, 266), (136, 266))
     sheet.wire((110, 266), (110, 304))
-    sheet.path('M104.5 288 H115.5 L110 279 Z', INK, 1.2, '#ffffff')
+    sheet.path('M104.5 288 H115.5 L110 279 Z', INK, 1.2, WHITE)
     sheet.wire((104.5, 279), (115.5, 279), weight=1.4)
     sheet.text(102, 287, 'D1', 9, INK, 'end')
     sheet.resistor(136, 266, 304, 'R8 10k')
@@ -154,7 +154,7 @@ def reset_circuit(sheet):
     sheet.text(186, 299, 'RESET', 9, bold=True)
 
 
-def clock_and_reset(sheet, clock='48MHz'):
+def clock_and_reset(sheet, clock):
     """Middle voltage of the line, reset, oscillator and supply."""
     sheet.vcc(34, 263)
     sheet.resistor(34, 269, 296, 'R6 1k')
@@ -173,7 +173,7 @@ def clock_and_reset(sheet, clock='48MHz'):
 
     reset_circuit(sheet)
 
-    sheet.box(296, 262, 56, 30, '#eef1f3', INK, CHIP_LINE_OF_CAN, 4)
+    sheet.box(296, 262, 56, 30, CAN, INK, CHIP_LINE_OF_CAN, 4)
     sheet.text(324, 275, 'X1', 9.5, INK, 'middle', SANS, True)
     sheet.text(324, 286, clock, 9, INK, 'middle', SANS)
     sheet.wire((296, 270), (282, 270), (282, 284), (296, 284))
@@ -224,7 +224,7 @@ def address_switches(sheet):
         sheet.left_pin(CHIP_LEFT, y, 'SA%d' % bit, pin, 270, 'SA%d' % bit)
         sheet.dot(x, y)
         sheet.wire((x, y), (x, 424))
-    sheet.box(292, 424, 76, 10, '#ffffff', INK, 1.2, 0)
+    sheet.box(292, 424, 76, 10, WHITE, INK, 1.2, 0)
     sheet.wire((368, 429), (378, 429))
     sheet.gnd(378, 429)
     sheet.text(388, 433, 'RN1 10k×6', 9)
@@ -345,7 +345,7 @@ def led_output(sheet, y, name, number, part, caption, at=48, side=1):
 
 def clock_and_reset_of_card(sheet):
     """The cascade card's own reset, and the flat cable that brings supply, clock and the chain."""
-    sheet.box(14, 40, 392, 216, PALE, GREEN_LINE, 1, 4, '5 3')
+    sheet.box(14, 40, 392, 216, SHEET_GREEN, GREEN_LINE, 1, 4, '5 3')
     sheet.text(22, 54, 'フラットケーブルで Board-2 から', 11, GREEN)
     sheet.connector(60, 70, 60, 150, 'CN1', [(84, '1, 2'), (112, 3), (140, 5), (168, 7), (200, '4,6,8-20')])
     for y, name, meaning in ((84, 'VCC', '電源'), (112, 'CLK', 'クロック、Board-2 の X1'), (140, 'CSI', 'Board-2 の CSO から'),

@@ -3,49 +3,36 @@
 A sheet is 900 x 620 with a frame, a title row and notes at the foot. Coordinates are pixels; a part is placed by the point
 where its wire comes in. Only what SVG Tiny can do is used, so that the build's renderer draws it as it stands.
 """
-from xml.sax.saxutils import escape
+from kit.svg_kit import (CHIP, GOTHIC, INK, KNOB, LEVER, LIT_FILL, LIT_LINE, NARROW, NET, RED, SANS, SECOND, WHITE, Canvas,
+                         circ, document, n, path, rect, text, through)
 
 WIDTH, HEIGHT = 900, 620
-INK, SECOND, FAINT = '#1d2a30', '#55636a', '#8a969c'
-NET, GREEN, PALE, GREEN_LINE = '#1c5fb0', '#1f7348', '#f1f6f3', '#9ccab2'
-CHIP, SMALL_CHIP = '#f3f5f1', '#e9edf0'
-LED_LINE, LED_FILL = '#12843a', '#c9f2d0'
-RED_LINE, RED_FILL = '#c4251a', '#ffd9d3'
-JUMPER, LEVER, STRAP = '#2360bd', '#c93a30', '#2360bd'
-
-GOTHIC, SANS, NARROW = 'IPAPGothic', 'DejaVu Sans', 'DejaVu Sans Condensed'
 WIRE, CHIP_LINE, BUS = 1.1, 1.7, 3.2
 
 
-def n(value):
-    return ('%.2f' % value).rstrip('0').rstrip('.')
+def is_japanese(words):
+    return any(ord(letter) > 0x2fff or letter in '①②③④→…' for letter in words)
 
 
-def is_japanese(text):
-    return any(ord(letter) > 0x2fff or letter in '①②③④→…' for letter in text)
-
-
-class Sheet:
+class Sheet(Canvas):
     def __init__(self):
-        self.out = []
-        self.box(0, 0, WIDTH, HEIGHT, '#ffffff', None)
+        super().__init__()
+        self.box(0, 0, WIDTH, HEIGHT, WHITE, None)
 
     def svg(self, width=WIDTH, height=HEIGHT):
         """The whole sheet, or its top left part."""
-        return ('<svg xmlns="http://www.w3.org/2000/svg" version="1.2" baseProfile="tiny" width="%d" height="%d" '
-                'viewBox="0 0 %d %d">%s</svg>\n' % (width, height, width, height, ''.join(self.out)))
+        return document(width, height, self.body())
 
     # --- lines and text --------------------------------------------------------------------------------------------------
     def path(self, d, colour=INK, weight=WIRE, fill='none', dash=None):
-        self.out.append('<path d="%s" fill="%s" stroke="%s" stroke-width="%s" stroke-linejoin="round"%s/>' % (
-            d, fill, colour, weight, ' stroke-dasharray="%s"' % dash if dash else ''))
+        self.add(path(d, fill, colour, weight, join='round', dash=dash))
 
     def wire(self, *points, colour=INK, weight=WIRE):
         """Through points, each (x, y)."""
-        self.path('M' + ' L'.join('%s %s' % (n(x), n(y)) for x, y in points), colour, weight)
+        self.path(through(points), colour, weight)
 
     def bus(self, *points):
-        self.path('M' + ' L'.join('%s %s' % (n(x), n(y)) for x, y in points), NET, BUS)
+        self.path(through(points), NET, BUS)
 
     def bus_width(self, x, y, width, upright=False):
         """The stroke through a bus, with the number of its wires."""
@@ -55,28 +42,25 @@ class Sheet:
         else:
             self.text(x, y + 15, str(width), 9, NET, 'middle', bold=True)
 
+    def circle(self, x, y, r, fill=WHITE, line=INK, weight=1):
+        self.add(circ(x, y, r, fill, line, weight))
+
     def dot(self, x, y):
-        self.out.append('<circle cx="%s" cy="%s" r="2.1" fill="%s"/>' % (n(x), n(y), INK))
+        self.circle(x, y, 2.1, INK, None)
 
     def contact(self, x, y):
-        self.out.append('<circle cx="%s" cy="%s" r="1.7" fill="#ffffff" stroke="%s" stroke-width="1"/>' % (n(x), n(y), INK))
+        self.circle(x, y, 1.7)
 
     def box(self, x, y, w, h, fill=CHIP, line=INK, weight=CHIP_LINE, radius=2, dash=None):
-        self.out.append('<rect x="%s" y="%s" width="%s" height="%s" rx="%s" fill="%s"%s%s/>' % (
-            n(x), n(y), n(w), n(h), radius, fill, ' stroke="%s" stroke-width="%s"' % (line, weight) if line else '',
-            ' stroke-dasharray="%s"' % dash if dash else ''))
+        self.add(rect(x, y, w, h, radius, fill, line, weight, dash=dash))
 
-    def text(self, x, y, text, size=9, colour=INK, anchor='start', font=None, bold=False, up=False):
-        font = font or (GOTHIC if is_japanese(text) else NARROW)
-        turned = ' transform="rotate(-90 %s %s)"' % (n(x), n(y)) if up else ''
-        line = '<text xml:space="preserve" x="%s" y="%s" font-family="%s" font-size="%s" fill="%s" text-anchor="%s"%s%s>%s</text>'
-        self.out.append(line % (n(x), n(y), font, size, colour, anchor, ' font-weight="bold"' if bold else '', turned,
-                                escape(text)))
-        if bold and font == GOTHIC:  # it has no bold face: a second time, a little apart
-            self.out.append(line % (n(x + .4), n(y), font, size, colour, anchor, '', turned, escape(text)))
+    def text(self, x, y, words, size=9, colour=INK, anchor='start', font=None, bold=False, up=False):
+        turned = 'rotate(-90 %s %s)' % (n(x), n(y)) if up else None
+        self.add(text(x, y, words, size, colour, bold, anchor, font or (GOTHIC if is_japanese(words) else NARROW), turned,
+                      strikes=(.4,)))
 
-    def note(self, x, y, text, anchor='start', colour=INK):
-        self.text(x, y, text, 11, colour, anchor, GOTHIC)
+    def note(self, x, y, words, anchor='start', colour=INK):
+        self.text(x, y, words, 11, colour, anchor, GOTHIC)
 
     def net(self, x, y, name, anchor='start'):
         self.text(x, y, name, 9, NET, anchor, bold=True)
@@ -117,7 +101,7 @@ class Sheet:
         middle = (y1 + y2) / 2
         self.wire((x, y1), (x, middle - body / 2))
         self.wire((x, middle + body / 2), (x, y2))
-        self.box(x - 3, middle - body / 2, 6, body, '#ffffff', INK, 1.1, 0)
+        self.box(x - 3, middle - body / 2, 6, body, WHITE, INK, 1.1, 0)
         if label:
             self.text(x + 6 * side, middle + 3, label, 9, INK, 'start' if side > 0 else 'end')
 
@@ -125,7 +109,7 @@ class Sheet:
         middle = (x1 + x2) / 2
         self.wire((x1, y), (middle - 8, y))
         self.wire((middle + 8, y), (x2, y))
-        self.box(middle - 8, y - 3, 16, 6, '#ffffff', INK, 1.1, 0)
+        self.box(middle - 8, y - 3, 16, 6, WHITE, INK, 1.1, 0)
         if label:
             self.text(middle, y - 6 if above else y + 13, label, 9, INK, 'middle')
 
@@ -138,7 +122,7 @@ class Sheet:
         if label:
             self.text(x + 9 * side, middle + 3, label, 9, INK, 'start' if side > 0 else 'end')
 
-    def led(self, x, y1, y2, colours=(LED_LINE, LED_FILL)):
+    def led(self, x, y1, y2, colours=(LIT_LINE, LIT_FILL)):
         """Lit by a current that flows downwards."""
         line, fill = colours
         middle = (y1 + y2) / 2
@@ -202,7 +186,7 @@ class Sheet:
 
     def connector(self, x, y, w, h, name, pins, side=1):
         """`pins`: (y, number) along the right edge, or the left one."""
-        self.box(x, y, w, h, '#ffffff')
+        self.box(x, y, w, h, WHITE)
         self.text(x + (11 if side > 0 else w - 5), y + h / 2, name, 9, INK, 'middle', None, True, up=True)
         for pin_y, number in pins:
             self.number(x + w - 4 if side > 0 else x + 4, pin_y + 3, number, 'end' if side > 0 else 'start')
@@ -221,15 +205,15 @@ class Sheet:
         for core in (11.5, 16.5):
             self.wire((x + core, y1), (x + core, y2), weight=1.2)
         for dot in (-4, 32):
-            self.out.append('<circle cx="%s" cy="%s" r="1.6" fill="%s"/>' % (n(x + dot), n(y1 + 6), INK))
+            self.circle(x + dot, y1 + 6, 1.6, INK, None)
         self.text(x + 14, y1 - 5, name, 9, INK, 'middle')
         self.text(x + 14, y2 + 13, part, 9, INK, 'middle')
 
     def rotary(self, x, y, name, where, pins):
         """A rotary switch 48 x 56; `pins` the (y, weight) of its wires, from the right edge; C goes to the supply."""
-        self.box(x, y, 48, 56, '#ffffff')
-        self.out.append('<circle cx="%s" cy="%s" r="10" fill="#f4eedd" stroke="%s" stroke-width="1"/>' % (n(x + 19), n(y + 24), INK))
-        self.path('M%s %s v-12 m-3.5 4 l3.5 -4.5 l3.5 4.5' % (n(x + 19), n(y + 30)), RED_LINE, 1.4)
+        self.box(x, y, 48, 56, WHITE)
+        self.circle(x + 19, y + 24, 10, KNOB)
+        self.path('M%s %s v-12 m-3.5 4 l3.5 -4.5 l3.5 4.5' % (n(x + 19), n(y + 30)), RED, 1.4)
         self.text(x + 3, y + 51, name, 8.5, INK, 'start', None, True)
         self.text(x + 24, y + 51, where, 8.5, INK)
         for pin_y, weight in pins:
@@ -240,7 +224,7 @@ class Sheet:
         self.number(x - 4, y + 21, 'C', 'end')
 
     def test_point(self, x, y, name):
-        self.out.append('<circle cx="%s" cy="%s" r="2.8" fill="#ffffff" stroke="%s" stroke-width="1.4"/>' % (n(x + 3), n(y), INK))
+        self.circle(x + 3, y, 2.8, weight=1.4)
         self.text(x + 10, y + 3, name, 9)
 
     def pulse(self, x, y, falling=False):

@@ -281,6 +281,9 @@ void frmDefault::openAt(QPoint place) {
 }
 
 void frmDefault::cmdAction_Click(Action action) {
+    if (!isVisible()) {
+        return;  // the second click of a hasty pair
+    }
     switch (action) {
         case actionClose: hide(); break;
         case actionApply: {
@@ -310,16 +313,9 @@ bool frmDefault::event(QEvent* event) {
 }
 
 void frmDefault::closeEvent(QCloseEvent* event) {
-    event->accept();
+    event->ignore();  // whoever hears of it forgets the dialog
     hide();
     emit unloaded();
-}
-
-void frmDefault::hideEvent(QHideEvent* event) {
-    QDialog::hideEvent(event);
-    if (!event->spontaneous()) {
-        emit hidden();
-    }
 }
 
 // Enter presses the button that has the focus, and no other.

@@ -46,9 +46,7 @@ public:
 signals:
     // Apply at once. The dialog has hidden itself, and may go by deleteLater.
     void applied(const DialogValues& values);
-    // The dialog is no longer to be seen, whichever way it went.
-    void hidden();
-    // The close box: after `hidden`, the dialog is to be forgotten and made anew at its next use.
+    // The close box: the dialog is to be forgotten and made anew at its next use.
     void unloaded();
     // A save failed; the dialog stays open.
     void answered(const Answer& answer);
@@ -60,7 +58,6 @@ public slots:
 protected:
     bool event(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
-    void hideEvent(QHideEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:

@@ -6,17 +6,16 @@
 #include "access/memoryAccess.h"
 #include "core/answer.h"
 #include "memwin/views/DumpGrid.h"
+#include "platform/OnDemand.h"
 
 #include <QObject>
 #include <QPoint>
-#include <QPointer>
 
 #include <array>
 #include <memory>
 
+class AreaWindow;
 class QMdiArea;
-class QMdiSubWindow;
-class QWidget;
 class frmDump;
 class frmDumpSel;
 class frmEditMemory;
@@ -30,40 +29,34 @@ public:
     MemoryWindows(Machine& machine, QMdiArea& area, QWidget& owner);
     ~MemoryWindows() override;
 
-    // Loads a dump window, hidden.
-    void load(Area area);
+    // Brings a dump window up, to the front, and out of its icon.
+    void openArea(Area area);
+    // The windows that the settings ask for, at the start and after a restart.
+    void openBySettings();
     // Forgets the dump windows and hides what belongs to them; the read dialog stays.
     void unload();
-    // Brings a dump window up, or to the front.
-    void openArea(Area area);
     // All visible dump windows, from the machine.
     void refreshAllAreas();
-    // The same with every cell repainted; what counts as a change stays.
-    void repaintAllAreas();
-    // The view of the bus type for one window; all windows are brought up to date after it.
-    void setAreaLayout(Area area);
     // The bus type has changed: every window takes its view, and the read dialog goes from a 16-bit bus.
     void busTypeChanged();
-    // The read dialog's place counts from this window.
-    void setReadOrigin(QWidget* bench) { readOrigin_ = bench; }
     // A write changed HPR's low byte: a visible read dialog starts anew.
     void readProtectionChanged();
 
-    // The chooser goes up at this x, or away.
-    void toggleChooser(int left);
+    // The chooser goes up at this x of the area, or away. One that was asked for by keyboard begins at its first button.
+    void toggleChooser(int left, bool byKeyboard);
     void hideChooser();
 
-    // Null until it is loaded.
-    frmDump* window(Area area) { return windows_[static_cast<std::size_t>(area)].get(); }
-    frmDumpSel& chooser() { return *frmDumpSel_; }
-    frmEditMemory& writeDialog() { return *frmEditMemory_; }
-    frmMemoryRead& readDialog() { return *frmMemoryRead_; }
+    // Null until they are first asked for.
+    frmDump* window(Area area) const;
+    frmDumpSel* chooser() const;
+    frmEditMemory* writeDialog() const;
+    frmMemoryRead* readDialog() const;
 
 signals:
-    void popupWanted(const QString& text);
-    // Said where the dialog stood.
-    void answered(const QWidget& form, const Answer& answer);
+    // What a gesture has to say, beside the form that it speaks of, or at the pointer for null.
+    void said(const Answer& answer, const QWidget* form);
     void beepWanted();
+    // A dialog comes up: a popup would stand in its way.
     void messageInTheWay();
     // The register window is to be brought up to date too.
     void refreshWanted();
@@ -73,20 +66,31 @@ signals:
     void controlWordPointed();
 
 private:
+    // A dump window and the frame that it has inside the area; outside it is a window of the desktop.
+    struct Dump {
+        std::unique_ptr<OnDemand<frmDump>> window;
+        QPointer<AreaWindow> frame;
+    };
+
+    frmDump* makeDump(Area area);
+    frmDumpSel* makeChooser();
+    frmEditMemory* makeWriteDialog();
+    frmMemoryRead* makeReadDialog();
+    Dump& dump(Area area) { return dumps_[static_cast<std::size_t>(area)]; }
     void choose(int choice);
+    void closeAll();
     void openMemoryRead();
     void cellDoubleClicked(Area area, int cell, DumpGrid::Side side, QPoint place);
     void openMemoryWrite(Area area, int cell, QPoint place);
     void setOwnerWindow(Area area, bool onTop);
-    void putIntoArea(frmDump& window, QPoint place);
-    QMdiSubWindow* frameOf(Area area) const;
+    void putIntoArea(Area area, frmDump& window, QPoint place);
+    void repaintAllAreas();
 
     Machine& machine_;
     QMdiArea& area_;
     QWidget& owner_;
-    QPointer<QWidget> readOrigin_;
-    std::array<std::unique_ptr<frmDump>, 3> windows_;
-    std::unique_ptr<frmDumpSel> frmDumpSel_;
-    std::unique_ptr<frmEditMemory> frmEditMemory_;
-    std::unique_ptr<frmMemoryRead> frmMemoryRead_;
+    std::array<Dump, 3> dumps_;
+    OnDemand<frmDumpSel> frmDumpSel_;
+    OnDemand<frmEditMemory> frmEditMemory_;
+    OnDemand<frmMemoryRead> frmMemoryRead_;
 };

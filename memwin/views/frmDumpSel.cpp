@@ -14,6 +14,7 @@ constexpr std::array<const char*, 5> captions{"コントロール+DI+DO", "C1～
 
 frmDumpSel::frmDumpSel(QWidget* area) : QFrame(area) {
     setObjectName("frmDumpSel");
+    setFocusPolicy(Qt::ClickFocus);
     setStyleSheet("#frmDumpSel { background: #eef2f0; border: 1px solid #6f7d77; border-radius: 3px; }");
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(8, 8, 8, 8);
@@ -33,19 +34,32 @@ frmDumpSel::frmDumpSel(QWidget* area) : QFrame(area) {
     hide();
 }
 
-void frmDumpSel::open(QPoint place) {
+void frmDumpSel::open(QPoint place, bool byKeyboard) {
     adjustSize();
     move(place);
+    keyboard_.lendTo(*this);
     show();
     raise();
-    cmdAREA_[0]->setFocus();
+    // A ring is for those who walk by keyboard; the others find the arrows ready all the same.
+    if (byKeyboard) {
+        cmdAREA_[0]->setFocus(Qt::TabFocusReason);
+    } else {
+        setFocus(Qt::OtherFocusReason);
+    }
+}
+
+void frmDumpSel::setVisible(bool visible) {
+    if (!visible && isVisible()) {
+        keyboard_.giveBack(*this);
+    }
+    QFrame::setVisible(visible);
 }
 
 void frmDumpSel::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
         case Qt::Key_Escape: hide(); break;
-        case Qt::Key_Down: focusNextChild(); break;
-        case Qt::Key_Up: focusPreviousChild(); break;
+        case Qt::Key_Down: walk(1); break;
+        case Qt::Key_Up: walk(-1); break;
         case Qt::Key_Return:
         case Qt::Key_Enter:
             if (auto* button = qobject_cast<QPushButton*>(focusWidget())) {
@@ -54,4 +68,15 @@ void frmDumpSel::keyPressEvent(QKeyEvent* event) {
             break;
         default: QFrame::keyPressEvent(event);
     }
+}
+
+void frmDumpSel::walk(int step) {
+    const auto count = static_cast<int>(cmdAREA_.size());
+    int at = step > 0 ? -1 : count;
+    for (int index = 0; index < count; ++index) {
+        if (cmdAREA(index).hasFocus()) {
+            at = index;
+        }
+    }
+    cmdAREA((at + step + count) % count).setFocus(step > 0 ? Qt::TabFocusReason : Qt::BacktabFocusReason);
 }

@@ -1,6 +1,9 @@
-// The chooser of the memory windows: five buttons under the tool label "Memory Window". Any of them puts it away again.
+// The chooser of the memory windows: five buttons under the tool label "Memory Window". Any of them puts it away again, and the
+// keyboard goes back to where it was.
 
 #pragma once
+
+#include "platform/KeyboardLoan.h"
 
 #include <QFrame>
 
@@ -16,7 +19,9 @@ public:
 
     explicit frmDumpSel(QWidget* area);
 
-    void open(QPoint place);
+    // By keyboard it begins at its first button.
+    void open(QPoint place, bool byKeyboard);
+    void setVisible(bool visible) override;
     QPushButton& cmdAREA(int index) { return *cmdAREA_[static_cast<std::size_t>(index)]; }
 
 signals:
@@ -26,5 +31,8 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    void walk(int step);
+
     std::array<QPushButton*, 5> cmdAREA_{};
+    KeyboardLoan keyboard_;
 };

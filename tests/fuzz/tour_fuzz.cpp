@@ -1,7 +1,8 @@
 // Noise as a tour. Whatever the bytes: paging goes from the first page to the last and back, a line's runs are its text without
-// the markers, and no run is empty.
+// the markers, no run is empty, and a third line is either read whole or names what is wrong with it.
 
 #include "aids/navigation.h"
+#include "aids/tourLanguage.h"
 #include "tests/fuzz/demand.h"
 
 #include <algorithm>
@@ -19,6 +20,10 @@ void lookAt(const Tour& tour) {
             runs += run.text;
         }
         demand(runs == text);
+        for (const Statement& statement : readScript(line).statements) {
+            demand(statement.place.value_or(0) + statement.digits / 2 <= memorySize);
+            demand(statement.word->wanted.empty() || !statement.values.empty());
+        }
     }
 }
 

@@ -37,12 +37,12 @@ protected:
         picture.fill(colour);
         ASSERT_TRUE(picture.save(folder.filePath(name), "BMP"));
     }
-    frmKAIROZU& diagram() { return *program->circuitDiagram(); }
-    frmHint& hint() { return *program->hints(); }
+    frmKAIROZU& diagram() { return *program->aids().circuitDiagram(); }
+    frmHint& hint() { return *program->aids().hints(); }
     void changeDuplex() {
-        program->hardware()->changed(picJumper_Answered(machine(), true));
+        program->bench().bench()->changed(picJumper_Answered(machine(), true));
         for (int index = 0; index < 6; ++index) {
-            emit program->hardware()->diagramChanged(index);
+            emit program->bench().bench()->diagramChanged(index);
         }
     }
 };
@@ -54,23 +54,23 @@ TEST_F(Aids, the_diagram_on_show_follows_its_settings) {
     makePicture("Kairozu/QDA52_IOS_7.BMP", 330);
     makePicture("Kairozu/QDA52_ADD_HALF.BMP", 100, Qt::red);
     start(withoutHints);
-    frmHard& bench = *program->hardware();
+    frmHard& bench = *program->bench().bench();
     emit bench.diagramChanged(3);
-    EXPECT_EQ(program->circuitDiagram(), nullptr) << "nothing is on show";
+    EXPECT_EQ(program->aids().circuitDiagram(), nullptr) << "nothing is on show";
     emit bench.diagramWanted(3);
     EXPECT_TRUE(diagram().isVisible());
-    EXPECT_EQ(diagram().width(), 300);
+    EXPECT_EQ(diagram().widget()->width(), 300);
     changeDuplex();
-    EXPECT_EQ(diagram().width(), 310) << "a learner's own file is found in any case";
+    EXPECT_EQ(diagram().widget()->width(), 310) << "a learner's own file is found in any case";
     emit bench.diagramWanted(4);
-    EXPECT_EQ(diagram().width(), 320);
+    EXPECT_EQ(diagram().widget()->width(), 320);
     EXPECT_EQ(diagram().picHalf().width(), 100);
-    EXPECT_EQ(diagram().grab().toImage().pixelColor(50, 20), QColor(Qt::red));
+    EXPECT_EQ(diagram().widget()->grab().toImage().pixelColor(50, 20), QColor(Qt::red));
     machine().ios52 = 7;
     emit bench.diagramChanged(0);
-    EXPECT_EQ(diagram().width(), 320) << "another board's setting";
+    EXPECT_EQ(diagram().widget()->width(), 320) << "another board's setting";
     emit bench.diagramChanged(4);
-    EXPECT_EQ(diagram().width(), 330);
+    EXPECT_EQ(diagram().widget()->width(), 330);
     changeDuplex();
     EXPECT_TRUE(diagram().picHalf().isNull());
     emit bench.diagramGone();
@@ -86,7 +86,7 @@ TEST_F(Aids, a_picture_that_cannot_be_shown_says_why) {
     for (const auto& [index, reason] : {std::pair{0, "QDA60_FULL_16BIT.BMP が見つかりません。"},
                                         {2, "QDA41_NEST.BMP は画像として読めません。"},
                                         {3, "QDA73_FULL.BMP は大きすぎます。"}}) {
-        emit program->hardware()->diagramWanted(index);
+        emit program->bench().bench()->diagramWanted(index);
         EXPECT_TRUE(diagram().isVisible());
         EXPECT_TRUE(diagram().picKAIROZU().isNull());
         EXPECT_EQ(diagram().message(), reason);
@@ -115,7 +115,7 @@ TEST_F(Aids, hints_turn_to_what_the_learner_looks_at) {
     EXPECT_EQ(hint().page(), 7) << "BCR";
     EXPECT_TRUE(hint().picHint().isNull()) << "its picture is missing";
     QTest::keyClick(&dialog(), Qt::Key_Escape);
-    emit program->memoryWindows()->controlWordPointed();
+    emit program->memory().controlWordPointed();
     EXPECT_EQ(hint().picHint().width(), 710);
     QTest::mouseClick(hint().findChild<QAbstractButton*>("tabHint0"), Qt::LeftButton);
     EXPECT_EQ(hint().picHint().width(), 700);
@@ -129,10 +129,8 @@ TEST_F(Aids, hints_turn_to_what_the_learner_looks_at) {
     EXPECT_EQ(hint().page(), 0) << "it stays where it was while it is hidden";
 }
 
-TEST_F(Aids, without_hint_files_there_is_one_empty_page_and_no_window_at_start) {
+TEST_F(Aids, without_hint_files_the_book_has_one_empty_page) {
     start(withHints);
-    EXPECT_FALSE(hint().isVisible());
-    QTest::mouseClick(&main().label(Tool::registerHint), Qt::LeftButton);
     EXPECT_TRUE(hint().isVisible());
     EXPECT_EQ(hint().page(), 0);
     hint().showHintFor("SCR");

@@ -1,9 +1,9 @@
 #include "boards/views/frmHard.h"
 
 #include "access/views/frmMemoryRead.h"
-#include "aids/views/frmOsiro.h"
 #include "boards/portPins.h"
 #include "boards/views/BenchCombo.h"
+#include "boards/views/frmOsiro.h"
 #include "memwin/views/MemoryWindows.h"
 #include "tests/views/BenchHand.h"
 #include "tests/views/startedProgram.h"
@@ -26,7 +26,7 @@ protected:
         fire();  // the scan of stations 1 to 4 runs
         // Nothing lies over the bench: clicks are to reach it.
         registers().hide();
-        program->versionPanel() != nullptr ? program->versionPanel()->hide() : void();
+        program->aids().versionPanel() != nullptr ? program->aids().versionPanel()->hide() : void();
         main().showNormal();
         main().resize(1280, 994);
         main().move(-500, -300);  // room for what stands beside the bench, on a small test screen
@@ -36,7 +36,7 @@ protected:
         QApplication::processEvents();
     }
 
-    frmHard& bench() { return *program->hardware(); }
+    frmHard& bench() { return *program->bench().bench(); }
     BenchHand hand() { return BenchHand(bench()); }
     BenchPart& part(const char* name, std::size_t index = 0) { return hand().part(name, index); }
     QWidget* viewport() { return hand().viewport(); }
@@ -52,9 +52,9 @@ protected:
     bool visible(const char* name, std::size_t index = 0) { return part(name, index).isVisible(); }
     std::string labelText(const char* name, std::size_t index = 0) { return bench().label(name, index)->text().toStdString(); }
     int width() { return bench().width() * 15; }
-    frmDialog& question() { return *program->dialog(); }
+    frmDialog& question() { return *program->aids().dialog(); }
     std::string questionText() {
-        return question().isVisible() ? question().findChild<QLabel*>("lblMessage")->text().mid(1).toStdString() : "";
+        return isUp(program->aids().dialog()) ? question().findChild<QLabel*>("lblMessage")->text().mid(1).toStdString() : "";
     }
     void answerQuestion(Qt::Key key) {
         QTest::keyClick(&question(), key);
@@ -464,7 +464,7 @@ TEST_F(Bench, timing_charts_stand_beside_their_port) {
                            Row{"picSSA", 2, 6, 7900, 4000}, Row{"picSTB", 9, 1, 7900, 9000}, Row{"picSTB", 4, 6, 7900, 4000}}) {
         SCOPED_TRACE(testing::Message() << row.name << row.index);
         doubleClick(row.name, row.index);
-        frmOsiro& chart = *program->timingChartWindow();
+        frmOsiro& chart = *program->bench().timingChartWindow();
         EXPECT_TRUE(chart.isVisible());
         EXPECT_EQ(chart.chart(), row.chart);
         const QPoint wanted = bench().mapToGlobal(QPoint()) + QPoint(row.left / 15, row.top / 15);
@@ -502,11 +502,11 @@ TEST_F(Bench, diagrams_and_serial_input_are_asked_for_by_their_chip) {
     EXPECT_EQ(argument(wanted), 4);
     EXPECT_EQ(choose("cmbCPUType", "picCPU", 1), 0);
     // The bus type reaches the memory windows; the read dialog goes with an 8-bit bus.
-    program->memoryWindows()->readDialog().show();
+    chooseMemory(frmDumpSel::memoryRead);
     EXPECT_EQ(choose("cmbCPUType", "picCPU", 3), 0);
-    EXPECT_TRUE(program->memoryWindows()->readDialog().isVisible());
+    EXPECT_TRUE(isUp(program->memory().readDialog()));
     EXPECT_EQ(choose("cmbCPUType", "picCPU", 2), 0);
-    EXPECT_FALSE(program->memoryWindows()->readDialog().isVisible());
+    EXPECT_FALSE(isUp(program->memory().readDialog()));
 }
 
 // --- keyboard, zoom, speed -------------------------------------------------------------------------------------------------

@@ -40,14 +40,14 @@ TEST_F(MainWindow, comes_up_running_with_a_scan_of_stations_1_to_4) {
     fire();
     EXPECT_TRUE(machine().scanRunning);
     EXPECT_EQ(machine().chipMemory[reg::c1crLow], 0) << "all four stations answer";
-    EXPECT_TRUE(program->registerWindow() != nullptr && registers().isVisible());
+    EXPECT_TRUE(program->registers().window() != nullptr && registers().isVisible());
     EXPECT_EQ(main().label(Tool::registerWindow).cursor().shape(), Qt::ArrowCursor);
 }
 
 TEST_F(MainWindow, comes_up_without_a_settings_file) {
     start("");
     EXPECT_TRUE(machine().startupDone);
-    EXPECT_EQ(program->registerWindow(), nullptr);
+    EXPECT_FALSE(isUp(program->registers().window()));
     EXPECT_EQ(main().label(Tool::registerWindow).cursor().shape(), Qt::BitmapCursor);
     EXPECT_NE(std::count(machine().chipMemory.begin(), machine().chipMemory.begin() + registerBase, 0), registerBase)
         << "memory is random";
@@ -117,10 +117,10 @@ TEST_F(MainWindow, a_label_tells_whether_its_window_is_open) {
     QTest::mouseClick(&label, Qt::LeftButton);
     EXPECT_TRUE(registers().isVisible()) << "a click on the label of an open window leaves it open";
     registers().close();
-    EXPECT_EQ(program->registerWindow(), nullptr);
+    EXPECT_FALSE(isUp(program->registers().window()));
     EXPECT_EQ(label.cursor().shape(), Qt::BitmapCursor);
     QTest::mouseClick(&label, Qt::LeftButton);
-    ASSERT_NE(program->registerWindow(), nullptr);
+    ASSERT_NE(program->registers().window(), nullptr);
     EXPECT_EQ(label.cursor().shape(), Qt::ArrowCursor);
     // Navigator wants a double click: its pointer is another one.
     EXPECT_NE(main().label(Tool::navigator).cursor().pixmap().toImage(), main().label(Tool::version).cursor().pixmap().toImage());
@@ -173,8 +173,8 @@ TEST_F(MainWindow, asks_before_the_program_ends) {
     EXPECT_NE(machine().scanAddr, before) << "the scan goes on behind the question";
     QTest::mouseClick(question()->button(QMessageBox::Ok), Qt::LeftButton);
     EXPECT_EQ(finished.count(), 1);
-    EXPECT_EQ(program->mainWindow(), nullptr);
-    EXPECT_EQ(program->registerWindow(), nullptr);
+    EXPECT_FALSE(main().isVisible());
+    EXPECT_FALSE(isUp(program->registers().window()));
 }
 
 }  // namespace

@@ -34,9 +34,9 @@ protected:
 
 class MemoryView : public StartedProgram {
 protected:
-    MemoryWindows& memory() { return *program->memoryWindows(); }
+    MemoryWindows& memory() { return program->memory(); }
     frmDump& dump(Area area = Area::controlDoDi) { return *memory().window(area); }
-    frmEditMemory& writeDialog() { return memory().writeDialog(); }
+    frmEditMemory& writeDialog() { return *memory().writeDialog(); }
     OvertypeField& value() { return *writeDialog().findChild<OvertypeField*>("txtWriteData"); }
     QString writeText(const char* name) { return writeDialog().findChild<QLabel*>(name)->text(); }
 
@@ -49,8 +49,8 @@ protected:
 
 TEST_F(MemoryView, opens_by_the_settings_and_follows_the_scan) {
     start(withDump);
-    ASSERT_TRUE(dump().isVisible());
-    EXPECT_FALSE(dump(Area::c1ToC7).isVisible() || dump(Area::drc).isVisible());
+    ASSERT_TRUE(isUp(memory().window(Area::controlDoDi)));
+    EXPECT_FALSE(isUp(memory().window(Area::c1ToC7)) || isUp(memory().window(Area::drc)));
     EXPECT_EQ(dump().findChild<QLabel*>("lblCPUType")->text(), "16bit-Bus Little");
     machine().diImage[0] = 0x35;  // station 2
     fire();
@@ -81,25 +81,25 @@ TEST_F(MemoryView, the_chooser_leads_to_every_window_and_closes_them_all) {
     ToolLabel& label = main().label(Tool::memoryWindow);
     for (int index = 0; index < 3; ++index) {
         QTest::mouseClick(&label, Qt::LeftButton);
-        ASSERT_TRUE(memory().chooser().isVisible());
-        QTest::mouseClick(&memory().chooser().cmdAREA(index), Qt::LeftButton);
-        EXPECT_FALSE(memory().chooser().isVisible());
-        EXPECT_TRUE(dump(static_cast<Area>(index)).isVisible()) << index;
+        ASSERT_TRUE(isUp(memory().chooser()));
+        QTest::mouseClick(&memory().chooser()->cmdAREA(index), Qt::LeftButton);
+        EXPECT_FALSE(isUp(memory().chooser()));
+        EXPECT_TRUE(isUp(memory().window(static_cast<Area>(index)))) << index;
     }
     QTest::mouseClick(&label, Qt::LeftButton);
     QTest::mouseClick(&label, Qt::LeftButton);
-    EXPECT_FALSE(memory().chooser().isVisible()) << "the label is a toggle";
+    EXPECT_FALSE(isUp(memory().chooser())) << "the label is a toggle";
     QTest::mouseClick(&label, Qt::LeftButton);
     QTest::mouseClick(&main().lblRunMode(modeRun), Qt::LeftButton);
-    EXPECT_FALSE(memory().chooser().isVisible()) << "a run mode puts it away";
+    EXPECT_FALSE(isUp(memory().chooser())) << "a run mode puts it away";
 
     for (int time = 0; time < 2; ++time) {
         QTest::mouseClick(&label, Qt::LeftButton);
-        QTest::mouseClick(&memory().chooser().cmdAREA(4), Qt::LeftButton);
+        QTest::mouseClick(&memory().chooser()->cmdAREA(4), Qt::LeftButton);
         for (const Area area : {Area::controlDoDi, Area::c1ToC7, Area::drc}) {
-            EXPECT_FALSE(dump(area).isVisible());
+            EXPECT_FALSE(isUp(memory().window(area)));
         }
-        ASSERT_NE(program->registerWindow(), nullptr) << "they stay loaded";
+        ASSERT_NE(program->registers().window(), nullptr) << "they stay loaded";
         EXPECT_FALSE(registers().isVisible());
     }
     EXPECT_EQ(main().label(Tool::registerWindow).cursor().shape(), Qt::BitmapCursor);
@@ -113,13 +113,13 @@ TEST_F(MemoryView, the_chooser_leads_to_every_window_and_closes_them_all) {
 
 TEST_F(MemoryView, the_read_dialog_is_for_an_8_bit_bus) {
     start();
-    memory().chooser().cmdAREA(3).click();
+    chooseMemory(frmDumpSel::memoryRead);
     EXPECT_EQ(popupText(), "８ビットバス選択時のみ機能します");
-    EXPECT_FALSE(memory().readDialog().isVisible());
+    EXPECT_FALSE(isUp(memory().readDialog()));
 
     machine().cpuType = 1;
-    memory().chooser().cmdAREA(3).click();
-    frmMemoryRead& dialog = memory().readDialog();
+    chooseMemory(frmDumpSel::memoryRead);
+    frmMemoryRead& dialog = *memory().readDialog();
     ASSERT_TRUE(dialog.isVisible());
     const auto text = [&](const char* name) { return dialog.findChild<QLabel*>(name)->text(); };
     auto& address = *dialog.findChild<OvertypeField*>("txtAddress");
@@ -136,7 +136,7 @@ TEST_F(MemoryView, the_read_dialog_is_for_an_8_bit_bus) {
     EXPECT_EQ(address.text(), "???");
 
     QTest::keyClick(&dialog, Qt::Key_Escape);
-    memory().chooser().cmdAREA(3).click();
+    chooseMemory(frmDumpSel::memoryRead);
     EXPECT_EQ(text("lblData"), "13") << "it keeps its state";
     write(3, frmRegister::valLow, "10");
     EXPECT_EQ(text("lblData"), "??") << "a change of HPR's low byte starts it anew";
@@ -166,12 +166,12 @@ TEST_F(MemoryView, the_write_dialog_takes_address_and_value_by_bus_type) {
          }) {
         SCOPED_TRACE(std::string(row.address) + " on bus " + std::to_string(row.cpuType));
         machine().cpuType = static_cast<std::int16_t>(row.cpuType);
-        memory().setAreaLayout(Area::controlDoDi);
+        memory().busTypeChanged();
         for (int second = 0; second < 5; ++second) {
             dump().timColor().fire();
         }
         doubleClick(Area::controlDoDi, row.cell);
-        ASSERT_TRUE(writeDialog().isVisible());
+        ASSERT_TRUE(isUp(memory().writeDialog()));
         EXPECT_EQ(writeDialog().findChild<QRadioButton*>("opnAccess0")->isEnabled(), row.cpuType % 2 == 0);
         if (row.chooseByte) {
             writeDialog().findChild<QRadioButton*>("opnAccess1")->click();
@@ -209,16 +209,16 @@ TEST_F(MemoryView, protection_during_a_scan_is_said_at_the_pointer_or_after_the_
     EXPECT_EQ(popupText(), "スキャン中、コントロールワードの上位バイトはライトプロテクト");
     doubleClick(Area::controlDoDi, 300);
     EXPECT_EQ(popupText(), "スキャン中はライトプロテクト");
-    program->message()->hide();
+    program->aids().hideMessage();
     doubleClick(Area::c1ToC7, 1);
     EXPECT_EQ(popupText(), "スキャン中はライトプロテクト");
-    EXPECT_FALSE(writeDialog().isVisible());
+    EXPECT_FALSE(isUp(memory().writeDialog()));
     doubleClick(Area::controlDoDi, 300, DumpGrid::Side::ascii);
-    EXPECT_TRUE(writeDialog().isVisible()) << "a character is not checked";
+    EXPECT_TRUE(isUp(memory().writeDialog())) << "a character is not checked";
     EXPECT_EQ(popupText(), "") << "the dialog takes the popup away";
     cancel();
     doubleClick(Area::controlDoDi, 1);
-    EXPECT_TRUE(writeDialog().isVisible());
+    EXPECT_TRUE(isUp(memory().writeDialog()));
     cancel();
 
     machine().cpuType = 0;
@@ -279,22 +279,29 @@ TEST_F(MemoryView, read_outs_follow_pointer_and_keyboard) {
 TEST_F(MemoryView, always_in_front_takes_the_window_out_of_the_area_and_back) {
     start(withDump);
     auto* box = dump().findChild<QCheckBox*>("chkTopMost");
+    const auto seenAt = [&] {  // as far as its frame lets it be seen
+        return QRect(dump().mapToGlobal(QPoint()),
+                     dump().size().boundedTo(
+                         dump().parentWidget()->rect().marginsRemoved(dump().parentWidget()->contentsMargins()).size()));
+    };
+    const QRect place = seenAt();
     for (int time = 0; time < 2; ++time) {
         box->click();
-        EXPECT_TRUE(dump().isWindow() && dump().isVisible());
-        EXPECT_EQ(main().area().subWindowList().size(), 3);
+        EXPECT_TRUE(dump().isWindow() && isUp(memory().window(Area::controlDoDi)));
+        EXPECT_EQ(main().area().subWindowList().size(), 1) << "the hardware window";
         machine().chipMemory[0x080] = static_cast<std::uint8_t>(time + 1);
         fire();
         EXPECT_EQ(shown(Area::controlDoDi, 0x8F).value, time + 1) << "it goes on following";
         box->click();
         EXPECT_FALSE(dump().isWindow());
-        EXPECT_TRUE(dump().isVisible());
-        EXPECT_EQ(main().area().subWindowList().size(), 4) << "the hardware window and three dumps";
+        EXPECT_TRUE(isUp(memory().window(Area::controlDoDi)));
+        EXPECT_EQ(main().area().subWindowList().size(), 2);
+        EXPECT_EQ(seenAt(), place) << "whole, and where it was";
     }
     main().area().subWindowList().last()->close();
-    EXPECT_FALSE(dump().isVisible());
+    EXPECT_FALSE(isUp(memory().window(Area::controlDoDi)));
     memory().openArea(Area::controlDoDi);
-    EXPECT_TRUE(dump().isVisible()) << "the close box only hides";
+    EXPECT_TRUE(isUp(memory().window(Area::controlDoDi))) << "the close box only hides";
 }
 
 }  // namespace

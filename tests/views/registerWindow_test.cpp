@@ -97,12 +97,12 @@ TEST_F(RegisterWindow, status_and_protected_registers_do_not_open) {
     start();
     fire();
     for (std::size_t column = 0; column < 4; ++column) {
-        program->message()->hide();
+        program->aids().hideMessage();
         open(rowSSR, column);
         EXPECT_EQ(popupText(), "このレジスタはリードオンリーです。");
         open(rowBCR, column);
         EXPECT_EQ(popupText(), "スキャン中はライトプロテクト。");
-        EXPECT_FALSE(dialog().isVisible());
+        EXPECT_FALSE(isUp(program->registers().writeDialog()));
     }
     machine().scanRunning = false;
     open(rowBCR, frmRegister::valLow);
@@ -149,7 +149,7 @@ TEST_F(RegisterWindow, the_dialog_shows_the_bus_address_of_what_is_written) {
         EXPECT_EQ(field().selectedText().size(), 1);
         EXPECT_EQ(colours(6), row.red);
         QTest::keyClick(&dialog(), Qt::Key_Escape);
-        EXPECT_FALSE(dialog().isVisible());
+        EXPECT_FALSE(isUp(program->registers().writeDialog()));
         EXPECT_EQ(colours(6), "bbbb");
     }
     EXPECT_EQ(memoryWord(machine(), reg::c1crLow), 0x12AB) << "cancel writes nothing";
@@ -172,12 +172,12 @@ TEST_F(RegisterWindow, a_written_value_ends_black_and_a_refused_one_is_said) {
     fire();
     EXPECT_FALSE(machine().scanRunning);
     write(rowBCR, frmRegister::valLow, "0003");
-    ASSERT_TRUE(program->dialog()->isVisible());
-    EXPECT_EQ(program->dialog()->findChild<QLabel*>("lblMessage")->text(),
+    ASSERT_TRUE(program->aids().dialog()->isVisible());
+    EXPECT_EQ(program->aids().dialog()->findChild<QLabel*>("lblMessage")->text(),
               "\nＢＣＲレジスタのフル/ハーフ設定がハードウェア設定と一致していません。\n\n"
               "ハードウェアの設定を変更するか、ＢＣＲの値を変更するまで開始しません。");
-    QTest::keyClick(program->dialog(), Qt::Key_Return);
-    EXPECT_FALSE(program->dialog()->isVisible());
+    QTest::keyClick(program->aids().dialog(), Qt::Key_Return);
+    EXPECT_FALSE(program->aids().dialog()->isVisible());
 }
 
 TEST_F(RegisterWindow, the_scan_goes_on_behind_the_dialog_and_is_asked_at_the_write) {

@@ -15,14 +15,14 @@ namespace {
 class Restart : public StartedProgram {
 protected:
     void openSettings() { QTest::mouseClick(&main().label(Tool::defaultSet), Qt::LeftButton); }
-    frmDefault& settingsDialog() { return *program->settingsDialog(); }
+    frmDefault& settingsDialog() { return *program->settings().dialog(); }
     void choose(const char* list, int item) { settingsDialog().findChild<QComboBox*>(list)->setCurrentIndex(item); }
     void apply() {
         settingsDialog().cmdAction(frmDefault::actionApply).click();
         main().timTick().setEnabled(false);
     }
-    frmHard& bench() { return *program->hardware(); }
-    bool dumpVisible(Area area) { return program->memoryWindows()->window(area)->isVisible(); }
+    frmHard& bench() { return *program->bench().bench(); }
+    bool dumpVisible(Area area) { return program->memory().window(area)->isVisible(); }
 };
 
 TEST_F(Restart, the_label_opens_the_dialog_once_and_gets_its_pointer_back) {
@@ -38,7 +38,7 @@ TEST_F(Restart, the_label_opens_the_dialog_once_and_gets_its_pointer_back) {
     openSettings();
     EXPECT_EQ(settingsDialog().findChild<QComboBox*>("cmbIOS")->currentIndex(), 3) << "as it was left";
     settingsDialog().close();
-    EXPECT_EQ(program->settingsDialog(), nullptr);
+    EXPECT_EQ(program->settings().dialog(), nullptr);
     openSettings();
     EXPECT_EQ(settingsDialog().findChild<QComboBox*>("cmbIOS")->currentIndex(), 5) << "read from the file again";
 }
@@ -72,7 +72,7 @@ TEST_F(Restart, applied_settings_make_a_new_bench) {
     EXPECT_EQ(machine().chipMemory[0x90], 0) << "memory is cleared";
     EXPECT_EQ(machine().chipMemory[reg::int0Enable], 0);
     EXPECT_EQ(memoryWord(machine(), reg::bcrLow) & fullDuplexBit, 0);
-    EXPECT_EQ(program->registerWindow(), nullptr);
+    EXPECT_EQ(program->registers().window(), nullptr);
     EXPECT_TRUE(dumpVisible(Area::c1ToC7));
     EXPECT_EQ(machine().runMode, modeRun);
     EXPECT_TRUE(main().lblRunMode(modeRun).isChecked());
@@ -95,8 +95,8 @@ TEST_F(Restart, nothing_under_way_reaches_the_new_machine) {
     box.showPopup();
     QTest::mousePress(bench().view().viewport(), Qt::LeftButton, {},
                       bench().view().mapFromScene(bench().part("picCounter", 0)->sceneBoundingRect().center()));
-    program->popupAtPointer("x");
-    program->dialog()->warningDialog({.text = "x"}, [](frmDialog::Result) { FAIL() << "an answer to the old machine"; });
+    popup("x");
+    program->aids().ask({.text = "x"}, [](bool) { FAIL() << "an answer to the old machine"; });
     open(1, 0);
     Mdef_Set(machine());
     program->restartMachine();
@@ -105,7 +105,7 @@ TEST_F(Restart, nothing_under_way_reaches_the_new_machine) {
     EXPECT_EQ(machine().boardSA[saQDA73], 1);
     EXPECT_FALSE(machine().picCounter[0].down);
     EXPECT_EQ(machine().counterImage[0], 0);
-    EXPECT_FALSE(program->dialog()->isVisible() || dialog().isVisible() || program->message()->isVisible());
+    EXPECT_FALSE(isUp(program->aids().dialog()) || isUp(program->registers().writeDialog()) || popupText() != "");
     EXPECT_FALSE(bench().combo("cmbSA", saQDA73)->isOpen());
 }
 
@@ -120,7 +120,7 @@ TEST_F(Restart, fifty_times_with_every_window_open) {
         fire();
         QApplication::processEvents();
         EXPECT_EQ(machine().ios52, time % 8);
-        EXPECT_EQ(main().area().subWindowList().size(), 4) << "none of the old windows is left";
+        EXPECT_EQ(main().area().subWindowList().size(), 5) << "none of the old windows is left";
         for (const Area area : {Area::controlDoDi, Area::c1ToC7, Area::drc}) {
             EXPECT_TRUE(dumpVisible(area));
         }

@@ -16,6 +16,7 @@
 #include "memwin/views/frmDump.h"
 #include "tests/bench.h"
 #include "tests/views/BenchHand.h"
+#include "tests/views/batch.h"
 #include "tests/views/startedProgram.h"
 
 #include <QListWidget>
@@ -45,11 +46,30 @@ class Soak : public StartedProgram {
 protected:
     void startSoak() {
         std::filesystem::copy(VRB_ASSETS "/NaviData", std::filesystem::path(folder.path().toStdString()) / "NaviData");
-        start(makersFile + "OPENWINDOW2=1\r\nOPENWINDOW3=1\r\n");
+        startUnderGestures(makersFile + "OPENWINDOW2=1\r\nOPENWINDOW3=1\r\n");
         fire();  // the scan that the start asked for
         main().showNormal();
         main().resize(1280, 994);
         main().move(-500, -300);
+    }
+
+    // The game begins with the first window that shows.
+    void startUnderGestures(const std::string& file) {
+        std::ofstream(folder.filePath("VRB_TS2.INI").toStdString(), std::ios::binary) << file;
+        program = std::make_unique<Program>(folder.path().toStdString());
+        bool up = false;
+        QObject::connect(program.get(), &Program::started, program.get(), [&] { up = true; });
+        program->Main();
+        while (!up) {
+            main().timTick().setEnabled(false);
+            switch (random(3)) {
+                case 0: onTool(); break;
+                case 1: onBatch(); break;
+                default: onWindow(anyWindow());
+            }
+            QApplication::processEvents();
+        }
+        main().timTick().setEnabled(false);
     }
 
     int random(int below) { return std::uniform_int_distribution<int>(0, below - 1)(chance); }
@@ -61,6 +81,8 @@ protected:
     void onTool();
     void onWindow(QWidget& window);
     void onKeys(QWidget& window);
+    void onBatch();
+    QWidget& anyWindow();
     void timePasses();
     void openSomething();
     void answerModal(QWidget& modal);
@@ -89,16 +111,10 @@ void Soak::gesture() {
             case 0: openSomething(); break;
             case 1: onTool(); break;
             case 2: timePasses(); break;
-            case 3:
+            case 3: onBatch(); break;
             case 4: {
-                QWidgetList windows;
-                for (QWidget* window : QApplication::topLevelWidgets()) {
-                    if (window->isVisible()) {
-                        windows.push_back(window);
-                    }
-                }
-                QWidget& window = *windows[random(static_cast<int>(windows.size()))];
                 last = "any";
+                QWidget& window = anyWindow();
                 oneIn(2) ? onWindow(window) : onKeys(window);
                 break;
             }
@@ -107,6 +123,38 @@ void Soak::gesture() {
     }
     QApplication::processEvents();
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+QWidget& Soak::anyWindow() {
+    QWidgetList windows;
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->isVisible()) {
+            windows.push_back(window);
+        }
+    }
+    return *windows[random(static_cast<int>(windows.size()))];
+}
+
+// Several gestures at a window that come at once, before anything that the first one leads to.
+void Soak::onBatch() {
+    QWidget& window = anyWindow();
+    last = "batch " + window.objectName().toStdString();
+    if (window.objectName() == "exitQuestion") {
+        return;  // its OK would end the game
+    }
+    const QPoint place = somewhereIn(window.size());
+    QWidget* target = window.childAt(place) != nullptr ? window.childAt(place) : &window;
+    for (int posted = 1 + random(3); posted >= 0; --posted) {
+        switch (random(4)) {
+            case 0:
+                if (&window != &main()) {
+                    batch::close(&window);
+                }
+                break;
+            case 1: batch::key(window.focusWidget() != nullptr ? window.focusWidget() : &window, Qt::Key_Return); break;
+            default: batch::clicks(target, 1 + random(4), target->mapFrom(&window, place));
+        }
+    }
 }
 
 void Soak::answerModal(QWidget& modal) {
@@ -126,9 +174,9 @@ void Soak::answerModal(QWidget& modal) {
 }
 
 void Soak::onBench() {
-    const BenchHand hand(*program->hardware());
+    const BenchHand hand(*program->bench().bench());
     std::vector<BenchPart*> parts;
-    for (BenchPart* part : program->hardware()->view().parts()) {
+    for (BenchPart* part : program->bench().bench()->view().parts()) {
         if (part->isVisible() && part->answers().any()) {
             parts.push_back(part);
         }
@@ -136,7 +184,7 @@ void Soak::onBench() {
     BenchPart& part = *parts[static_cast<std::size_t>(random(static_cast<int>(parts.size())))];
     last = "bench " + part.objectName().toStdString();
     main().activateWindow();
-    main().area().setActiveSubWindow(program->hardware());
+    main().area().setActiveSubWindow(program->bench().bench());
     switch (random(5)) {
         case 0: hand.click(part); break;
         case 1: hand.doubleClick(part); break;
@@ -175,24 +223,24 @@ void Soak::onTool() {
 // The windows that a random click seldom finds, and what only a row of right clicks reaches.
 void Soak::openSomething() {
     last = "open";
-    MemoryWindows& memory = *program->memoryWindows();
+    MemoryWindows& memory = program->memory();
     switch (random(8)) {
         case 0: memory.openArea(static_cast<Area>(random(3))); break;
         case 1: QTest::mouseClick(&main().label(Tool::registerWindow), Qt::LeftButton); break;
-        case 2: emit program->hardware()->diagramWanted(random(6)); break;
+        case 2: emit program->bench().bench()->diagramWanted(random(6)); break;
         case 3:
-            if (program->navigation() != nullptr && program->navigation()->isVisible()) {
-                program->navigation()->cmdAction(static_cast<frmNavigation::Action>(random(4))).click();
+            if (program->aids().navigation() != nullptr && program->aids().navigation()->isVisible()) {
+                program->aids().navigation()->cmdAction(static_cast<frmNavigation::Action>(random(4))).click();
             }
             break;
         case 4:
-            if (program->settingsDialog() != nullptr && program->settingsDialog()->isVisible()) {
-                program->settingsDialog()->cmdAction(static_cast<frmDefault::Action>(random(4))).click();
+            if (program->settings().dialog() != nullptr && program->settings().dialog()->isVisible()) {
+                program->settings().dialog()->cmdAction(static_cast<frmDefault::Action>(random(4))).click();
             }
             break;
         case 5: {
             const Area area = static_cast<Area>(random(3));
-            if (memory.window(area)->isVisible()) {
+            if (isUp(memory.window(area))) {
                 DumpGrid& grid = memory.window(area)->grid();
                 const auto side = oneIn(8) ? DumpGrid::Side::ascii : DumpGrid::Side::data;
                 const int cell = random(static_cast<int>(memory.window(area)->view().cells.size()));
@@ -202,14 +250,14 @@ void Soak::openSomething() {
         }
         case 6: main().close(); break;
         default:
-            if (program->registerWindow() != nullptr && program->registerWindow()->isVisible()) {
+            if (program->registers().window() != nullptr && program->registers().window()->isVisible()) {
                 open(1 + random(9), static_cast<std::size_t>(random(4)));
             }
     }
-    if (program->naviList() != nullptr && program->naviList()->isVisible()) {
-        program->naviList()->lstTitle().setCurrentRow(random(10));
+    if (program->aids().naviList() != nullptr && program->aids().naviList()->isVisible()) {
+        program->aids().naviList()->lstTitle().setCurrentRow(random(10));
         if (oneIn(2)) {
-            program->naviList()->cmdStart().click();
+            program->aids().naviList()->cmdStart().click();
         }
     }
 }
@@ -260,13 +308,17 @@ void Soak::onKeys(QWidget& window) {
 void Soak::timePasses() {
     last = "time";
     switch (random(4)) {
-        case 0: program->hardware()->timMotor().fire(); break;
+        case 0: program->bench().bench()->timMotor().fire(); break;
         case 1:
-            if (program->registerWindow() != nullptr) {
-                program->registerWindow()->timRegister().fire();
+            if (program->registers().window() != nullptr) {
+                program->registers().window()->timRegister().fire();
             }
             break;
-        case 2: program->memoryWindows()->window(static_cast<Area>(random(3)))->timColor().fire(); break;
+        case 2:
+            if (frmDump* dump = program->memory().window(static_cast<Area>(random(3)))) {
+                dump->timColor().fire();
+            }
+            break;
         default: fire(1 + random(20));
     }
 }
@@ -307,8 +359,8 @@ void Soak::machineIsPossible() {
 }
 
 void Soak::shownIsTheState() {
-    EXPECT_EQ(program->hardware()->refresh(), 0) << "the bench lags behind the machine";
-    if (program->registerWindow() != nullptr && program->registerWindow()->isVisible()) {
+    EXPECT_EQ(program->bench().bench()->refresh(), 0) << "the bench lags behind the machine";
+    if (program->registers().window() != nullptr && program->registers().window()->isVisible()) {
         for (int row = 1; row <= lastRegisterRow; ++row) {
             EXPECT_EQ(registers().cell(row, frmRegister::valHigh).text().toStdString(),
                       hexText(registerByte(machine(), row, Half::high), 2));
@@ -317,11 +369,10 @@ void Soak::shownIsTheState() {
         }
     }
     for (const Area area : {Area::controlDoDi, Area::c1ToC7, Area::drc}) {
-        const frmDump& dump = *program->memoryWindows()->window(area);
-        if (!dump.isVisible()) {
+        if (!isUp(program->memory().window(area))) {
             continue;
         }
-        const DumpView& view = dump.view();
+        const DumpView& view = program->memory().window(area)->view();
         for (int offset = 0; offset < view.area->cells; ++offset) {
             ASSERT_EQ(view.cells[static_cast<std::size_t>(addressToLabel(machine(), offset))].value,
                       machine().chipMemory[static_cast<std::size_t>(view.area->firstByte + offset)])
@@ -378,7 +429,7 @@ std::size_t heapInUse() {
 TEST_F(Soak, hours_of_RUN_lose_no_tick_and_keep_no_memory) {
     startSoak();
     for (const Area area : {Area::controlDoDi, Area::c1ToC7, Area::drc}) {
-        program->memoryWindows()->openArea(area);
+        program->memory().openArea(area);
     }
     machine().runMode = modeRun;
     constexpr int firingsOfAMinute = 60 * 1000 / runModes[modeRun].interval;

@@ -1,6 +1,6 @@
 // The windows through which the program speaks: popup, message dialog, start panel, timing chart.
 
-#include "aids/views/frmOsiro.h"
+#include "boards/views/frmOsiro.h"
 #include "tests/views/startedProgram.h"
 
 #include <QPushButton>
@@ -13,26 +13,27 @@ using Speaking = StartedProgram;
 
 TEST_F(Speaking, a_popup_stays_two_seconds_and_the_next_one_takes_its_place) {
     start();
-    Timer& seconds = program->message()->timErase();
-    program->popupAtPointer("一つ目");
+    popup("一つ目");
+    Timer& seconds = program->aids().message()->timErase();
     EXPECT_EQ(popupText(), "一つ目");
     EXPECT_EQ(seconds.interval(), 1000);
     seconds.fire();
-    program->popupAtPointer("二つ目");
+    popup("二つ目");
     seconds.fire();
     EXPECT_EQ(popupText(), "二つ目") << "its time starts anew";
     seconds.fire();
     EXPECT_EQ(popupText(), "");
     EXPECT_FALSE(seconds.running());
 
-    program->popupAtPointer("三つ目");
-    QTest::mouseClick(program->message(), Qt::LeftButton);
+    popup("三つ目");
+    QTest::mouseClick(program->aids().message(), Qt::LeftButton);
     EXPECT_EQ(popupText(), "");
 }
 
 TEST_F(Speaking, a_popup_stands_below_its_point_and_on_the_screen) {
     start();
-    frmMessage& message = *program->message();
+    popup("短い");
+    frmMessage& message = *program->aids().message();
     message.popup("短い", {400, 300});
     EXPECT_NEAR(message.geometry().center().x(), 400, 1);
     EXPECT_EQ(message.y(), 300 + 3 + message.height());
@@ -45,9 +46,9 @@ TEST_F(Speaking, a_popup_stands_below_its_point_and_on_the_screen) {
 
 TEST_F(Speaking, the_dialog_takes_its_measure_from_its_text) {
     start();
-    frmDialog& messages = *program->dialog();
+    program->aids().say(Warning{"短い"});
+    frmDialog& messages = *program->aids().dialog();
     const auto button = [&](int index) { return messages.findChild<QPushButton*>(QStringLiteral("cmdAction%1").arg(index)); };
-    messages.warningDialog({"短い"});
     EXPECT_EQ(messages.width(), 404);
     EXPECT_NEAR(button(0)->geometry().center().x(), 202, 1);
     EXPECT_FALSE(button(1)->isVisible());
@@ -66,7 +67,7 @@ TEST_F(Speaking, the_dialog_takes_its_measure_from_its_text) {
 
 TEST_F(Speaking, what_follows_an_answer_runs_once_with_it) {
     start();
-    frmDialog& messages = *program->dialog();
+    frmDialog messages(&main());
     std::vector<int> answers;
     const auto note = [&](frmDialog::Result result) { answers.push_back(result); };
     const Warning question{"よろしいですか？", "切り替え確認", Warning::Kind::okCancel};
@@ -83,7 +84,7 @@ TEST_F(Speaking, what_follows_an_answer_runs_once_with_it) {
 
 TEST_F(Speaking, a_second_warning_waits_for_its_turn) {
     start();
-    frmDialog& messages = *program->dialog();
+    frmDialog messages(&main());
     std::string order;
     messages.warningDialog({"一"}, [&](frmDialog::Result) {
         order += "1";
@@ -147,12 +148,12 @@ TEST(StartPanel, the_bar_uncovers_the_message_in_eight_steps) {
 
 TEST_F(Speaking, the_version_label_opens_the_panel_and_the_window_goes_with_it) {
     start();
-    program->versionPanel()->hideVersion();
-    EXPECT_EQ(program->versionPanel(), nullptr);
+    program->aids().versionPanel()->hideVersion();
+    EXPECT_EQ(program->aids().versionPanel(), nullptr);
     QTest::mouseClick(&main().label(Tool::version), Qt::LeftButton);
-    ASSERT_NE(program->versionPanel(), nullptr);
-    EXPECT_TRUE(program->versionPanel()->isVisible());
-    EXPECT_EQ(program->versionPanel()->findChild<QLabel*>("lblVer")->text(), "Ver,2.00");
+    ASSERT_NE(program->aids().versionPanel(), nullptr);
+    EXPECT_TRUE(program->aids().versionPanel()->isVisible());
+    EXPECT_EQ(program->aids().versionPanel()->findChild<QLabel*>("lblVer")->text(), "Ver,2.00");
 }
 
 TEST(TimingChart, shows_charts_1_to_8_and_ignores_the_rest) {

@@ -7,12 +7,14 @@
 #include "aids/views/frmDialog.h"
 #include "aids/views/frmMessage.h"
 #include "aids/views/frmVersion.h"
-#include "core/views/Program.h"
-#include "core/views/frmMDI.h"
+#include "memwin/views/frmDumpSel.h"
 #include "platform/OvertypeField.h"
+#include "program/Program.h"
+#include "program/frmMDI.h"
 
 #include <QApplication>
 #include <QLabel>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QTemporaryDir>
 #include <QTest>
@@ -24,6 +26,11 @@
 inline const std::string makersFile =
     "[INIT]\r\nCABLECONNECTION=1\r\nMEMORYCLEAR=1\r\nSA-QDA41=1\r\nSA-QDA52=3\r\nCASCADE-QDA41=1\r\nIOS-QDA52=5\r\n"
     "OPENWINDOW1=1\r\n";
+
+// A window that nobody has asked for is none.
+inline bool isUp(const QWidget* window) {
+    return window != nullptr && window->isVisible();
+}
 
 class StartedProgram : public testing::Test {
 protected:
@@ -38,20 +45,26 @@ protected:
         program->Main();
         while (!up) {
             QApplication::processEvents();
-            if (program->mainWindow() != nullptr) {
-                program->mainWindow()->timTick().setEnabled(false);
-            }
+            main().timTick().setEnabled(false);
         }
     }
 
     Machine& machine() { return program->machine(); }
-    frmMDI& main() { return *program->mainWindow(); }
-    frmRegister& registers() { return *program->registerWindow(); }
-    frmEditRegister& dialog() { return *program->registerDialog(); }
+    frmMDI& main() { return program->mainWindow(); }
+    frmRegister& registers() { return *program->registers().window(); }
+    frmEditRegister& dialog() { return *program->registers().writeDialog(); }
     OvertypeField& field() { return *dialog().findChild<OvertypeField*>("txtWriteData"); }
     QString text(const char* name) { return dialog().findChild<QLabel*>(name)->text(); }
     QRadioButton& option(int index) { return *dialog().findChild<QRadioButton*>(QStringLiteral("opnAccess%1").arg(index)); }
-    QString popupText() { return program->message()->isVisible() ? program->message()->text() : QString(); }
+    QString popupText() { return isUp(program->aids().message()) ? program->aids().message()->text() : QString(); }
+
+    void popup(const char* text) { program->aids().say(Popup{text}); }
+
+    // An entry of the chooser of memory windows.
+    void chooseMemory(int entry) {
+        QTest::mouseClick(&main().label(Tool::memoryWindow), Qt::LeftButton);
+        QTest::mouseClick(&program->memory().chooser()->cmdAREA(entry), Qt::LeftButton);
+    }
 
     void fire(int firings = 1) {
         for (int done = 0; done < firings; ++done) {

@@ -29,10 +29,10 @@ protected:
         std::filesystem::copy(naviData, std::filesystem::path(folder.path().toStdString()) / "NaviData");
         start(makersFile + "OPENWINDOW3=1\r\n");
         fire();
-        program->versionPanel() != nullptr ? program->versionPanel()->hide() : void();
+        program->aids().versionPanel() != nullptr ? program->aids().versionPanel()->hide() : void();
         player.emplace(*program);
     }
-    frmNavigation& tour() { return *program->navigation(); }
+    frmNavigation& tour() { return *program->aids().navigation(); }
 
     std::optional<TourPlayer> player;
 };
@@ -61,21 +61,25 @@ TEST_P(Tours, keep_what_they_promise) {
     const std::vector<NaviRecord> tours = toursOfIndex();
     SCOPED_TRACE(tours[GetParam()].fileName);
     QTest::mouseDClick(&main().label(Tool::navigator), Qt::LeftButton);
-    ASSERT_NE(program->naviList(), nullptr);
-    program->naviList()->lstTitle().setCurrentRow(static_cast<int>(GetParam()) - 1);
-    QTest::mouseClick(&program->naviList()->cmdStart(), Qt::LeftButton);
-    ASSERT_NE(program->navigation(), nullptr) << "its file is missing";
+    ASSERT_NE(program->aids().naviList(), nullptr);
+    program->aids().naviList()->lstTitle().setCurrentRow(static_cast<int>(GetParam()) - 1);
+    QTest::mouseClick(&program->aids().naviList()->cmdStart(), Qt::LeftButton);
+    ASSERT_NE(program->aids().navigation(), nullptr) << "its file is missing";
     main().timTick().setEnabled(false);
     ASSERT_GE(tour().tour().naviPages, 8);
     EXPECT_LE(tour().tour().naviPages, 20);
     EXPECT_EQ(tour().tour().naviLines.size() % linesAPage, 0U);
     int checks = 0;
+    int signs = 0;
     player->play("wait 1");
     while (true) {
         SCOPED_TRACE("page " + tour().lblIndex().toStdString());
         player->forgetChecked();
+        signs += tour().picSign().sign() == TourSign::open ? 1 : 0;
         player->play(std::string(shownLine(tour().tour(), linesShown)));
         checks += static_cast<int>(player->checked().size());
+        player->play("wait 0.1");
+        EXPECT_NE(tour().picSign().sign(), TourSign::open) << "the page's sign didn't see it";
         for (std::size_t row = 0; row < linesShown; ++row) {
             promisesAreChecked(tour().picNav(row), player->checked());
             EXPECT_LE(tour().picNav(row).textWidth(), tour().picNav(row).width()) << "line " << row << " is cut off";
@@ -86,9 +90,25 @@ TEST_P(Tours, keep_what_they_promise) {
         QTest::mouseClick(&tour().cmdAction(frmNavigation::actionNext), Qt::LeftButton);
     }
     EXPECT_GE(checks, 5) << "a tour shows something";
+    EXPECT_GE(signs, 5) << "and sees it";
 }
 
 INSTANTIATE_TEST_SUITE_P(Navigator, Tours, testing::Range<std::size_t>(1, toursOfIndex().size()));
+
+TEST_F(Played, the_page_for_teachers_has_every_word_and_its_example_holds) {
+    const std::string text = readTextFile(VRB_ASSETS "/../docs/writing-a-tour.md").value_or("");
+    for (const TourWord& word : tourWords()) {
+        EXPECT_NE(text.find("`" + std::string(word.verb)), std::string::npos) << word.verb;
+    }
+    const std::string fence = "```tour\n";
+    const auto from = text.find(fence);
+    ASSERT_NE(from, std::string::npos);
+    Tour example = readTour(text.substr(from + fence.size(), text.find("```", from + 1) - from - fence.size()));
+    ASSERT_EQ(example.naviPages, 1);
+    startPlay();
+    player->play(std::string(shownLine(example, linesShown)));
+    EXPECT_GE(player->checked().size(), 2U);
+}
 
 TEST_F(Played, worked_values_of_the_hint_pages_hold) {
     const std::optional<std::string> plays = readTextFile(hintPlays);
