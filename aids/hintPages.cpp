@@ -7,12 +7,13 @@
 std::vector<HintPage> readHintList(std::string_view text) {
     std::vector<HintPage> pages;
     forEachLine(text, [&pages](std::string_view line) {
-        if (line.starts_with(';')) {
-            return;
+        if (!line.starts_with(';')) {
+            const auto tab = line.find('\t');
+            const std::string_view rest = tab == std::string_view::npos ? std::string_view() : line.substr(tab + 1);
+            pages.push_back({std::string(beginning(line.substr(0, tab), longestField)),
+                             std::string(beginning(rest.substr(0, rest.find('\t')), longestField))});
         }
-        const auto tab = line.find('\t');
-        const std::string_view rest = tab == std::string_view::npos ? std::string_view() : line.substr(tab + 1);
-        pages.push_back({std::string(line.substr(0, tab)), std::string(rest.substr(0, rest.find('\t')))});
+        return pages.size() < mostHintPages;
     });
     return pages;
 }

@@ -5,6 +5,8 @@
 //
 // Pages are numbered from 0 in the order of the file. Every line but a comment is a page, so that no slip in one line moves the
 // pages behind it: without a tab its caption is empty, and on an empty line its picture too.
+//
+// A book has at most 99 pages, 33 rows of tabs: what follows in the list is left out. A field counts with its first 1000 bytes.
 
 #pragma once
 
@@ -19,6 +21,8 @@ struct HintPage {
     std::string caption;
     bool operator==(const HintPage&) const = default;
 };
+
+inline constexpr std::size_t mostHintPages = 99;
 
 // The page that explains the control word.
 inline constexpr std::size_t controlWordPage = 6;

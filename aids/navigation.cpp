@@ -10,6 +10,7 @@
 namespace {
 
 constexpr std::size_t longestLine = 30000;
+constexpr std::size_t mostPages = std::numeric_limits<std::int16_t>::max();
 
 struct Marker {
     char sign;
@@ -30,8 +31,9 @@ std::optional<NaviRecord> recordOf(std::string_view line) {
     if (second == std::string_view::npos) {
         return std::nullopt;
     }
-    return NaviRecord{std::string(line.substr(0, first)), std::string(line.substr(first + 1, second - first - 1)),
-                      std::string(line.substr(second + 1)), false};
+    const auto field = [](std::string_view text) { return std::string(beginning(text, longestField)); };
+    return NaviRecord{field(line.substr(0, first)), field(line.substr(first + 1, second - first - 1)),
+                      field(line.substr(second + 1)), false};
 }
 
 }  // namespace
@@ -39,23 +41,23 @@ std::optional<NaviRecord> recordOf(std::string_view line) {
 std::vector<NaviRecord> readNaviIndex(std::string_view text, const std::function<bool(const std::string&)>& exists) {
     std::vector<NaviRecord> naviIndex(1);
     forEachLine(text, [&](std::string_view line) {
-        if (line.starts_with(';')) {
-            return;
-        }
-        if (std::optional<NaviRecord> record = recordOf(line)) {
+        std::optional<NaviRecord> record = line.starts_with(';') ? std::nullopt : recordOf(line);
+        if (record) {
             record->fileFound = exists(record->fileName);
             naviIndex.push_back(std::move(*record));
         }
+        return naviIndex.size() <= mostTours;
     });
     return naviIndex;
 }
 
 Tour readTour(std::string_view text) {
     Tour tour;
-    forEachLine(text, [&tour](std::string_view line) { tour.naviLines.emplace_back(line); });
-    const std::size_t pages = tour.naviLines.size() / linesAPage;
-    tour.naviPages =
-        static_cast<std::int16_t>(std::min(pages, static_cast<std::size_t>(std::numeric_limits<std::int16_t>::max())));
+    forEachLine(text, [&tour](std::string_view line) {
+        tour.naviLines.emplace_back(line);
+        return tour.naviLines.size() < mostPages * linesAPage;
+    });
+    tour.naviPages = static_cast<std::int16_t>(tour.naviLines.size() / linesAPage);
     return tour;
 }
 
@@ -79,7 +81,7 @@ std::string_view shownLine(const Tour& tour, std::size_t row) {
 }
 
 std::vector<TextRun> markedRuns(std::string_view line) {
-    line = line.substr(0, longestLine);
+    line = beginning(line, longestLine);
     std::vector<TextRun> runs;
     TextColour colour = TextColour::black;
     while (!line.empty()) {

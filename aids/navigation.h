@@ -9,7 +9,8 @@
 //
 //   line     plain &black #blue \red      a marker is not shown and colours what stands behind it
 //
-// A page turn does nothing to the machine: a tour only shows text. All texts are UTF-8 here.
+// An index names at most 500 tours, a field counts with its first 1000 bytes, and a tour has at most 32767 pages: what follows is
+// left out. A page turn does nothing to the machine: a tour only shows text. All texts are UTF-8 here.
 
 #pragma once
 
@@ -31,6 +32,7 @@ struct NaviRecord {
 // fewer than three fields names no tour and is skipped. `exists` tells whether a tour's file is there.
 std::vector<NaviRecord> readNaviIndex(std::string_view text, const std::function<bool(const std::string&)>& exists);
 
+inline constexpr std::size_t mostTours = 500;
 inline constexpr std::size_t linesAPage = 3;
 inline constexpr std::size_t linesShown = 2;
 

@@ -1,7 +1,6 @@
 #include "boards/network.h"
 
 #include "boards/stationCheck.h"
-#include "core/simulation.h"
 
 namespace {
 

@@ -60,3 +60,15 @@ function(vrb_icons target drawing)
   # Two targets want the same files: make lets only one of them render.
   add_dependencies(${target} icons)
 endfunction()
+
+# Qt's own words in Japanese, as :/translations/qtbase_ja.qm. Those of the machine that builds serve every platform.
+function(vrb_translation target)
+  find_file(VRB_QT_JAPANESE qtbase_ja.qm PATHS "${QT6_INSTALL_PREFIX}/${QT6_INSTALL_TRANSLATIONS}" /usr/share/qt6/translations
+    NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH)
+  if(VRB_QT_JAPANESE)
+    get_filename_component(folder ${VRB_QT_JAPANESE} DIRECTORY)
+    qt_add_resources(${target} "translations" PREFIX "/translations" BASE ${folder} FILES ${VRB_QT_JAPANESE})
+  else()
+    message(STATUS "Qt's Japanese texts are not installed: its own menus and buttons speak English")
+  endif()
+endfunction()

@@ -20,7 +20,7 @@ need_packages() {
 }
 
 # What building and running need.
-build_packages=(g++ cmake python3 ninja-build ccache qt6-base-dev qt6-multimedia-dev qt6-svg-dev libgl-dev libimagequant-dev
+build_packages=(g++ cmake python3 ninja-build ccache qt6-base-dev qt6-multimedia-dev qt6-svg-dev qt6-translations-l10n libgl-dev libimagequant-dev
   fontconfig fonts-dejavu-core fonts-dejavu-extra fonts-ipafont-gothic)
 # What the tests, benchmarks and checks need on top.
 test_packages=(libgtest-dev libbenchmark-dev clang-format clang-tidy)

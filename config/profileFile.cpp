@@ -1,27 +1,13 @@
 #include "config/profileFile.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <cmath>
-#include <cstdio>
-#include <fstream>
 #include <limits>
-#include <random>
+#include <optional>
 #include <utility>
-
-#ifdef _WIN32
-#include <io.h>
-#elif __has_include(<unistd.h>)
-#define VRB_POSIX
-#include <fcntl.h>
-#include <unistd.h>
-#endif
-
-namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::uintmax_t largestFile = std::uintmax_t{1} << 20;
 constexpr std::size_t longestValue = 255;
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view blanks = " \t";
@@ -71,14 +57,16 @@ Span valueWithin(std::string_view bytes, Span right) {
     const auto text = [bytes](Span span) { return bytes.substr(span.begin, span.end - span.begin); };
     Span value = trimmed(bytes, right);
     const bool quote = text(value).starts_with('"') || text(value).starts_with('\'');
-    for (std::size_t at = right.begin + 1; at < right.end; ++at) {
-        const bool comment = bytes[at] == ';' && blanks.find(bytes[at - 1]) != std::string_view::npos;
-        const Span before = comment ? trimmed(bytes, {right.begin, at}) : value;
+    Span before{value.begin, value.begin};  // what stands before `at`, without the blanks behind it
+    for (std::size_t at = right.begin; at < right.end; ++at) {
+        const bool blank = blanks.find(bytes[at]) != std::string_view::npos;
+        const bool comment = bytes[at] == ';' && at > right.begin && blanks.find(bytes[at - 1]) != std::string_view::npos;
         if (comment && (!quote || quoted(text(before)))) {
             // No value at all keeps its blank before the comment.
             value = before.begin < before.end ? before : Span{right.begin, right.begin};
             break;
         }
+        before.end = blank ? before.end : at + 1;
     }
     return quoted(text(value)) ? Span{value.begin + 1, value.end - 1} : value;
 }
@@ -139,261 +127,97 @@ std::string lineEndOf(std::string_view bytes) {
     return end == std::string_view::npos ? "\r\n" : std::string(bytes.substr(end, behindLineEnd(bytes, end) - end));
 }
 
-std::error_code lastError() {
-    return {errno != 0 ? errno : EIO, std::generic_category()};
+// --- UTF-16 ----------------------------------------------------------------------------------------------------------------
+
+constexpr std::string_view markLittle = "\xFF\xFE";
+constexpr std::string_view markBig = "\xFE\xFF";
+constexpr unsigned tailBits = 6;
+constexpr unsigned tailMask = 0x3F;
+
+unsigned byteAt(std::string_view text, std::size_t at) {
+    return static_cast<unsigned char>(text[at]);
 }
 
-// A file that is being written: made new, so that nobody else's is taken for it.
-class NewFile {
-public:
-    explicit NewFile(const fs::path& path) {
-        errno = 0;
-#ifdef _WIN32
-        file_ = _wfopen(path.c_str(), L"wbx");
-#else
-        file_ = std::fopen(path.c_str(), "wbx");
-#endif
-    }
-    ~NewFile() {
-        close();
-    }
-    NewFile(const NewFile&) = delete;
-    NewFile& operator=(const NewFile&) = delete;
-
-    bool isOpen() const {
-        return file_ != nullptr;
-    }
-    std::error_code write(std::string_view block) {
-        errno = 0;
-        return std::fwrite(block.data(), 1, block.size(), file_) == block.size() ? std::error_code() : lastError();
-    }
-    // All that was written, onto the disk.
-    std::error_code flush() {
-        errno = 0;
-        if (std::fflush(file_) != 0) {
-            return lastError();
-        }
-#ifdef _WIN32
-        return _commit(_fileno(file_)) == 0 ? std::error_code() : lastError();
-#elif defined(VRB_POSIX)
-        return fsync(fileno(file_)) == 0 ? std::error_code() : lastError();
-#else
-        return {};
-#endif
-    }
-    std::error_code close() {
-        errno = 0;
-        std::FILE* file = std::exchange(file_, nullptr);
-        return file == nullptr || std::fclose(file) == 0 ? std::error_code() : lastError();
-    }
-
-private:
-    std::FILE* file_ = nullptr;
-};
-
-void settleFolder([[maybe_unused]] const fs::path& folder) {
-#ifdef VRB_POSIX
-    const int handle = ::open(folder.c_str(), O_RDONLY | O_CLOEXEC);  // NOLINT(cppcoreguidelines-pro-type-vararg)
-    if (handle >= 0) {
-        fsync(handle);
-        ::close(handle);
-    }
-#endif
+void appendByte(std::string& text, unsigned byte) {
+    text += static_cast<char>(byte);
 }
 
-// One save under way: the steps, and the first that fails ends it.
-class Save {
-public:
-    Save(fs::path target, std::string_view bytes, const SaveFault& fault)
-        : target_(std::move(target)), beside_(target_), bytes_(bytes), fault_(fault) {
-        beside_ += "." + std::to_string(std::random_device{}()) + ".tmp";
+// One unit of UTF-16, as one to three bytes.
+void appendUnit(std::string& text, unsigned unit) {
+    if (unit < 0x80) {
+        appendByte(text, unit);
+    } else if (unit < 0x800) {
+        appendByte(text, 0xC0 | unit >> tailBits);
+        appendByte(text, 0x80 | (unit & tailMask));
+    } else {
+        appendByte(text, 0xE0 | unit >> (2 * tailBits));
+        appendByte(text, 0x80 | (unit >> tailBits & tailMask));
+        appendByte(text, 0x80 | (unit & tailMask));
     }
+}
 
-    std::error_code run() {
-        std::error_code error = step(SaveStep::folder, [this] { return makeFolder(); });
-        if (!error) {
-            error = write();
-        }
-        if (!error) {
-            error = step(SaveStep::permissions, [this] { return keepPermissions(); });
-        }
-        if (!error) {
-            error = step(SaveStep::rename, [this] { return code([this](auto& e) { fs::rename(beside_, target_, e); }); });
-        }
-        if (error) {
-            std::error_code ignored;
-            fs::remove(beside_, ignored);
-            return error;
-        }
-        if (!fault_ || !fault_(SaveStep::settle)) {
-            settleFolder(target_.parent_path());
-        }
-        return {};
+std::string textOfUnits(std::string_view bytes, bool big) {
+    std::string text;
+    for (std::size_t at = 0; at + 1 < bytes.size(); at += 2) {
+        appendUnit(text, byteAt(bytes, at + (big ? 0 : 1)) << 8 | byteAt(bytes, at + (big ? 1 : 0)));
     }
+    return text;
+}
 
-private:
-    template <class Action>
-    static std::error_code code(Action action) {
-        std::error_code error;
-        action(error);
-        return error;
-    }
-
-    template <class Action>
-    std::error_code step(SaveStep which, Action action) {
-        const std::error_code fault = fault_ ? fault_(which) : std::error_code();
-        return fault ? fault : action();
-    }
-
-    std::error_code makeFolder() {
-        return code([this](auto& error) {
-            if (target_.has_parent_path()) {
-                fs::create_directories(target_.parent_path(), error);
-            }
-        });
-    }
-
-    std::error_code write() {
-        std::optional<NewFile> file;
-        std::error_code error = step(SaveStep::create, [&] {
-            file.emplace(beside_);
-            return file->isOpen() ? std::error_code() : lastError();
-        });
-        for (std::size_t begin = 0; !error && begin < bytes_.size(); begin += blockSize) {
-            error = step(SaveStep::write, [&] { return file->write(bytes_.substr(begin, blockSize)); });
+std::string unitsOfText(std::string_view text, bool big) {
+    std::string bytes;
+    for (std::size_t at = 0; at < text.size();) {
+        const unsigned first = byteAt(text, at++);
+        const int tails = first < 0x80 ? 0 : first < 0xE0 ? 1 : 2;
+        unsigned unit = tails == 0 ? first : tails == 1 ? first & 0x1F : first & 0x0F;
+        for (int tail = 0; tail < tails; ++tail) {
+            unit = unit << tailBits | (byteAt(text, at++) & tailMask);
         }
-        if (!error) {
-            error = step(SaveStep::flush, [&] { return file->flush(); });
-        }
-        if (!error) {
-            error = step(SaveStep::close, [&] { return file->close(); });
-        }
-        return error;
+        appendByte(bytes, big ? unit >> 8 : unit & 0xFF);
+        appendByte(bytes, big ? unit & 0xFF : unit >> 8);
     }
-
-    std::error_code keepPermissions() {
-        std::error_code error;
-        const fs::file_status old = fs::status(target_, error);
-        if (!fs::exists(old)) {
-            return {};
-        }
-        fs::permissions(beside_, old.permissions(), error);
-        return error;
-    }
-
-    static constexpr std::size_t blockSize = 4096;
-    fs::path target_;
-    fs::path beside_;
-    std::string_view bytes_;
-    const SaveFault& fault_;
-};
-
-// The new file takes the old one's place, and that would need the folder's permission alone. Whoever protects the file means the
-// file. The bits count for an administrator too, whom the system itself would let pass.
-bool writeProtected(const fs::path& file) {
-    std::error_code error;
-    const fs::file_status status = fs::status(file, error);
-    if (!fs::exists(status)) {
-        return false;
-    }
-    constexpr fs::perms anyWrite = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
-    bool writable = (status.permissions() & anyWrite) != fs::perms::none;
-#ifdef VRB_POSIX
-    writable = writable && faccessat(AT_FDCWD, file.c_str(), W_OK, AT_EACCESS) == 0;
-#endif
-    return !writable;
+    return bytes;
 }
 
 }  // namespace
 
-ProfileFile::ProfileFile(std::string bytes) : bytes_(std::move(bytes)) {}
-
-std::string_view ProfileFile::value(std::string_view section, std::string_view key) const {
-    const std::string_view bytes = bytes_;
-    const std::optional<Span> place = find(bytes, section, key).value;
-    return place ? bytes.substr(place->begin, std::min(place->end - place->begin, longestValue)) : std::string_view();
+ProfileFile::ProfileFile(std::string bytes) : text_(std::move(bytes)) {
+    if (text_.starts_with(markLittle) || text_.starts_with(markBig)) {
+        form_ = text_.starts_with(markBig) ? Form::utf16Big : Form::utf16Little;
+        leftOver_ = text_.size() % 2 != 0 ? text_.substr(text_.size() - 1) : std::string();
+        text_ = textOfUnits(text_, form_ == Form::utf16Big);  // its first character is the mark, here as there
+    }
 }
 
-void ProfileFile::setValue(std::string_view section, std::string_view key, std::string_view value) {
-    const Found found = find(bytes_, section, key);
+std::string ProfileFile::bytes() const {
+    return form_ == Form::bytes ? text_ : unitsOfText(text_, form_ == Form::utf16Big) + leftOver_;
+}
+
+std::string_view ProfileFile::valueText(std::string_view section, std::string_view key) const {
+    const std::string_view text = text_;
+    const std::optional<Span> place = find(text, section, key).value;
+    return place ? text.substr(place->begin, std::min(place->end - place->begin, longestValue)) : std::string_view();
+}
+
+std::int32_t ProfileFile::readProfileValue(std::string_view section, std::string_view key) const {
+    return leadingNumber(valueText(section, key));
+}
+
+void ProfileFile::writeProfileValue(std::string_view section, std::string_view key, std::string_view value) {
+    const Found found = find(text_, section, key);
     if (found.value) {
-        bytes_.replace(found.value->begin, found.value->end - found.value->begin, value);
+        text_.replace(found.value->begin, found.value->end - found.value->begin, value);
         return;
     }
-    const std::string lineEnd = lineEndOf(bytes_);
+    const std::string lineEnd = lineEndOf(text_);
     const std::string line = std::string(key) + "=" + std::string(value);
     if (!found.lastLine) {
-        const bool openEnd = bytes_.size() > bodyBegin(bytes_) && bytes_.back() != '\r' && bytes_.back() != '\n';
-        bytes_ += (openEnd ? lineEnd : "") + "[" + std::string(section) + "]" + lineEnd + line + lineEnd;
+        const bool openEnd = text_.size() > bodyBegin(text_) && text_.back() != '\r' && text_.back() != '\n';
+        text_ += (openEnd ? lineEnd : "") + "[" + std::string(section) + "]" + lineEnd + line + lineEnd;
     } else {
         // A last line without a line end stays one.
-        bytes_.insert(found.lastLine->end, lineEnd + line);
+        text_.insert(found.lastLine->end, lineEnd + line);
     }
-}
-
-std::optional<FileError> readProfileFile(const fs::path& path, ProfileFile& profile) {
-    profile = {};
-    std::error_code error;
-    const fs::file_status status = fs::status(path, error);
-    if (status.type() == fs::file_type::not_found) {
-        return {};
-    }
-    if (status.type() == fs::file_type::directory) {
-        return FileError{path, std::make_error_code(std::errc::is_a_directory)};
-    }
-    if (status.type() != fs::file_type::regular) {
-        return FileError{path, error ? error : std::make_error_code(std::errc::invalid_argument)};
-    }
-    const std::uintmax_t size = fs::file_size(path, error);
-    if (error) {
-        return FileError{path, error};
-    }
-    if (size > largestFile) {
-        return FileError{path, std::make_error_code(std::errc::file_too_large)};
-    }
-    std::string bytes(static_cast<std::size_t>(size), '\0');
-    errno = 0;
-    std::ifstream file(path, std::ios::binary);
-    // A read that fails half way leaves no settings rather than half of them.
-    if (!file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()))) {
-        return FileError{path, lastError()};
-    }
-    profile = ProfileFile(std::move(bytes));
-    return {};
-}
-
-ProfileFile readProfileFile(const fs::path& path) {
-    ProfileFile profile;
-    readProfileFile(path, profile);
-    return profile;
-}
-
-std::optional<FileError> saveProfileFile(const fs::path& path, const ProfileFile& profile, const SaveFault& fault) {
-    if (profile.bytes().size() > largestFile) {  // it could not be read again
-        return FileError{path, std::make_error_code(std::errc::file_too_large)};
-    }
-    std::error_code error;
-    const fs::path linked = fs::is_symlink(path, error) ? fs::weakly_canonical(path, error) : path;
-    const fs::path target = linked.empty() ? path : linked;
-    error =
-        writeProtected(target) ? std::make_error_code(std::errc::permission_denied) : Save(target, profile.bytes(), fault).run();
-    return error ? std::optional(FileError{path, error}) : std::nullopt;
-}
-
-bool folderWritable(const fs::path& folder) {
-    std::error_code error;
-    if (!fs::is_directory(folder, error)) {
-        return false;
-    }
-#ifdef VRB_POSIX
-    return faccessat(AT_FDCWD, folder.c_str(), W_OK | X_OK, AT_EACCESS) == 0;
-#else
-    // Only trying it tells.
-    const fs::path trial = folder / ("vrbts." + std::to_string(std::random_device{}()) + ".tmp");
-    const bool made = NewFile(trial).isOpen();
-    fs::remove(trial, error);
-    return made;
-#endif
 }
 
 std::int32_t leadingNumber(std::string_view text) {

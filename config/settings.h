@@ -6,9 +6,10 @@
 //    │ └─loadDialog─▶ values ──┴─applyDialog            │
 //    └────saveDialog─── of the dialog ◀──setDialogMaker─┘
 //
-// The file is read at start and by the dialog when it is loaded; only saveDialog writes it, only applyDialog and Mdef_Set
+// The file is read at start and by the dialog when it is loaded; only saveDialog changes it, only applyDialog and Mdef_Set
 // change the variables while the program runs. An absent key reads as 0, and so does a list index outside its list and a
-// number outside 16 bits. No message tells of a missing file.
+// number outside 16 bits. No message tells of a missing file. Here the file is its profile; SettingsStore brings it from the disk
+// and back.
 
 #pragma once
 
@@ -22,8 +23,8 @@
 
 #include <string>
 #include <string_view>
+#include <system_error>
 
-inline constexpr std::string_view settingsFileName = "VRB_TS2.INI";
 inline constexpr std::string_view settingsSection = "INIT";
 
 // The items of a combo box; their index is the value of the setting.
@@ -80,36 +81,8 @@ inline constexpr std::array<Setting, 19> settings{{
     {"OPENWINDOW5", "chkDef6", 0, {}, [](Machine& m) -> std::int16_t& { return m.openWindowDefault[5]; }},
 }};
 
-// The folder where the program's files lie: that of its executable. In a bundle of macOS (NAME.app/Contents/MacOS) it is the
-// bundle's Resources, or, while these have no settings, as in the build's folder, the one where the bundle itself lies.
-std::filesystem::path programFolder(const std::filesystem::path& executableFolder);
-
-// By this file beside the program one sees that an installer has put it there.
-inline constexpr const char* uninstallerName = "Uninstall.exe";
-
-// Where the settings file lies: beside the program while files can be made there, else (an installed program) in the user's
-// configuration folder. What an installer of Windows has put into a folder of the user's own can be written, and yet isn't the
-// place: the next version overwrites it. Until a first save the latter has no file; what lies beside the program is then read.
-class SettingsPlace {
-public:
-    // One folder for all.
-    SettingsPlace(const std::filesystem::path& folder) : SettingsPlace(folder, folder) {}
-    SettingsPlace(const std::filesystem::path& programFolder, const std::filesystem::path& userFolder);
-
-    const std::filesystem::path& saved() const { return saved_; }
-    // The file to be read now.
-    std::filesystem::path toRead() const;
-
-private:
-    std::filesystem::path shipped_;
-    std::filesystem::path saved_;
-};
-
-// Clears the board state and takes all settings from the file, whose path iniPath keeps: the one that a save would write.
-void readSettings(Machine& machine, const SettingsPlace& place);
-
-// Takes all settings from a profile that has been read.
-void takeSettings(Machine& machine, const ProfileFile& profile);
+// Clears the board state and takes all settings from the file.
+void readSettings(Machine& machine, const ProfileFile& profile);
 
 // The maker's values into the variables; the file stays as it is.
 void Mdef_Set(Machine& machine);
@@ -126,8 +99,21 @@ DialogValues setDialogMaker();
 // follow, which sets the bench up from them. The counter mode becomes 0, whatever the values say.
 void applyDialog(Machine& machine, const DialogValues& values);
 
-// The values into the file; everything else in it stays. The error names the file and why it is as it was.
-std::optional<FileError> saveDialog(const SettingsPlace& place, const DialogValues& values, const SaveFault& fault = {});
+// The values into the file; everything else in it stays.
+void saveDialog(ProfileFile& profile, const DialogValues& values);
 
-// What the learner is told of a save that failed.
+// --- what the learner is told ----------------------------------------------------------------------------------------------
+
+// Why a file could not be had, or could not be written.
+struct FileError {
+    enum class Access { reading, writing };
+
+    std::string file;  // its path, in UTF-8
+    std::error_code reason;
+    Access access = Access::writing;
+};
+
+// Settings that could not be read: the program goes on as without them.
+Warning readWarning(const FileError& error);
+// A save that failed. The file is as it was.
 Warning saveWarning(const FileError& error);

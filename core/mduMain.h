@@ -219,7 +219,6 @@ struct Machine {
     std::int16_t runMode = 0;  // row of runModes, or 4 while the machine restarts
     bool startupDone = false;
     bool soundAvailable = false;
-    std::string iniPath;                      // full path of the settings file, in UTF-8
     std::int16_t cableConnectionDefault = 0;  // the settings of the same names, as read
     std::int16_t memoryClearDefault = 0;
     std::int16_t cascadeDefault = 0;

@@ -121,8 +121,21 @@ int windowWidth(ByteView piMode) {
     return byView(piMode, 7350, 7110);
 }
 
+namespace {
+
+// Of the wedge over the right columns.
+int wedgeOffset(bool high) {
+    return high ? 1980 : 0;
+}
+
+}  // namespace
+
+WedgeLine wedgeBase(bool high) {
+    return {540 + wedgeOffset(high), 2340 + wedgeOffset(high)};
+}
+
 WedgeLine wedgeLine(bool bigEndian, bool high, int line) {
-    const int offset = high ? 1980 : 0;
+    const int offset = wedgeOffset(high);
     if (bigEndian) {
         return {1980 + offset, 2340 + offset - 60 * line};
     }

@@ -107,6 +107,8 @@ struct WedgeLine {
     int left;
     int right;
 };
+// The base of a wedge, under its lines on either byte order.
+WedgeLine wedgeBase(bool high);
 // Line 1 to 6 of a wedge, counted from the base; `high` the one over the right eight columns.
 WedgeLine wedgeLine(bool bigEndian, bool high, int line);
 

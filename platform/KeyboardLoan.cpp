@@ -1,7 +1,6 @@
 #include "platform/KeyboardLoan.h"
 
 #include <QApplication>
-#include <QWidget>
 
 namespace {
 
@@ -18,10 +17,11 @@ void KeyboardLoan::lendTo(const QWidget& borrower) {
     }
 }
 
-void KeyboardLoan::giveBack(const QWidget& borrower) {
+void KeyboardLoan::giveBack(const QWidget& borrower, QWidget* otherwise) {
     const bool mine = isWithin(borrower, borrower.window()->focusWidget());
-    if (mine && before_ != nullptr && before_->isVisible()) {
-        before_->setFocus(Qt::OtherFocusReason);
+    QWidget* heir = before_ != nullptr && before_->isVisible() ? before_.data() : otherwise;
+    if (mine && heir != nullptr) {
+        heir->setFocus(Qt::OtherFocusReason);
     }
     before_.clear();
 }

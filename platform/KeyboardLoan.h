@@ -5,15 +5,17 @@
 #pragma once
 
 #include <QPointer>
-
-class QWidget;
+#include <QWidget>
 
 class KeyboardLoan {
 public:
     // `borrower` is about to take the keyboard; whoever has it now is remembered.
     void lendTo(const QWidget& borrower);
-    // `borrower` is about to hide. If it, or something in it, has the keyboard, that goes back. No ring shows for it.
-    void giveBack(const QWidget& borrower);
+    // The same where the keyboard has gone already, from `before`.
+    void remember(QWidget* before) { before_ = before; }
+    // `borrower` is about to hide. If it, or something in it, has the keyboard, that goes back, or to `otherwise` if the widget
+    // that had it is gone. No ring shows for it.
+    void giveBack(const QWidget& borrower, QWidget* otherwise = nullptr);
 
 private:
     QPointer<QWidget> before_;

@@ -56,6 +56,7 @@ constexpr const char* styleSheet = R"(
     QPushButton[viewButton="true"] { background: #fbfdfc; border: 1px solid #a9b8b1; border-radius: 3px; padding: 0; }
     QPushButton[viewButton="true"]:checked { background: #d9efe1; border: 1px solid #1f7348; font-weight: bold; }
     QPushButton[viewButton="true"]:focus { border: 2px solid #1c5fb0; }
+    QComboBox { combobox-popup: 0; }
     QToolTip { background: #ffffcc; color: #1d2a30; border: 1px solid #8a7a2a; padding: 2px 4px; }
 )";
 

@@ -1,83 +1,90 @@
 #include "platform/pictureFile.h"
 
-#include "platform/paths.h"
+#include "platform/wholeFile.h"
 
+#include <QBuffer>
 #include <QDateTime>
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
+
+#include <optional>
 
 namespace {
 
 constexpr int largestSide = 4096;
-constexpr qint64 largestFile = qint64{largestSide} * largestSide * 4 + 4096;  // no more than its pixels and a heading
+constexpr std::size_t largestFile = std::size_t{largestSide} * largestSide * 4 + 4096;  // no more than its pixels and a heading
 
-QSize sizeOf(const std::filesystem::path& file) {
-    QImageReader reader(textOfPath(file));
-    reader.setDecideFormatFromContent(true);
-    return reader.size();
+// A reader that takes one format and no other.
+class Reader {
+public:
+    Reader(const std::string& bytes, PictureFormat format)
+        : bytes_(QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()))), buffer_(&bytes_) {
+        buffer_.open(QIODevice::ReadOnly);
+        reader_.setAutoDetectImageFormat(false);
+        reader_.setFormat(format == PictureFormat::bmp ? "bmp" : "png");
+        reader_.setDevice(&buffer_);
+    }
+
+    // As the heading tells it, which costs nothing; not valid when the bytes are no such picture.
+    QSize size() { return reader_.canRead() ? reader_.size() : QSize(); }
+    QImage read() { return reader_.read(); }
+
+private:
+    QByteArray bytes_;
+    QBuffer buffer_;
+    QImageReader reader_;
+};
+
+bool tooLarge(QSize size) {
+    return size.width() > largestSide || size.height() > largestSide;
 }
 
-std::filesystem::path twiceAsLarge(const std::filesystem::path& file, QSize size) {
+// The companion, where there is one that fits.
+QImage twiceAsLarge(const std::filesystem::path& file, QSize size) {
     const QFileInfo info(textOfPath(file));
     const QFileInfo twice(info.dir().filePath(info.completeBaseName() + "@2x.png"));
-    const bool fits =
-        twice.isFile() && twice.lastModified() >= info.lastModified() && sizeOf(pathOf(twice.filePath())) == 2 * size;
-    return fits ? pathOf(twice.filePath()) : std::filesystem::path();
-}
-
-QString unreadable(const QString& name) {
-    return QStringLiteral("%1 は画像として読めません。").arg(name);
+    std::string bytes;
+    if (!twice.isFile() || twice.lastModified() < info.lastModified() ||
+        readWholeFile(pathOf(twice.filePath()), largestFile, bytes) || Reader(bytes, PictureFormat::png).size() != 2 * size) {
+        return {};
+    }
+    QImage picture = decodePicture(bytes, PictureFormat::png);
+    picture.setDevicePixelRatio(2);
+    return picture;
 }
 
 }  // namespace
 
-std::filesystem::path fileInFolder(const std::filesystem::path& folder, const QString& name) {
-    const std::filesystem::path exact = folder / pathOf(QString(name).replace('\\', '/'));  // lists are written with either
-    if (name.isEmpty() || QFileInfo(textOfPath(exact)).isFile()) {
-        return name.isEmpty() ? std::filesystem::path() : exact;
-    }
-    // A name may lead into a folder below.
-    const QFileInfo wanted(textOfPath(exact));
-    const QStringList files = wanted.dir().entryList(QDir::Files);
-    for (const QString& file : files) {
-        if (file.compare(wanted.fileName(), Qt::CaseInsensitive) == 0) {
-            return pathOf(wanted.dir().filePath(file));
-        }
-    }
-    return {};
+QImage decodePicture(const std::string& bytes, PictureFormat format) {
+    Reader reader(bytes, format);
+    const QSize size = reader.size();
+    return size.isEmpty() || tooLarge(size) ? QImage() : reader.read();
 }
 
-PictureFile loadPicture(const std::filesystem::path& folder, const QString& name, qreal screenRatio) {
+Picture loadPicture(const std::filesystem::path& folder, const QString& name, qreal screenRatio) {
+    const auto none = [&name](const char* why) { return Picture{{}, name + QString::fromUtf8(why)}; };
+    if (name.isEmpty()) {
+        return none("画像のファイル名がありません。");
+    }
+    if (!staysInFolder(name)) {
+        return none(" はフォルダの外のファイルです。");
+    }
     const std::filesystem::path file = fileInFolder(folder, name);
     if (file.empty()) {
-        return {{},
-                1,
-                name.isEmpty() ? QStringLiteral("画像のファイル名がありません。")
-                               : QStringLiteral("%1 が見つかりません。").arg(name)};
+        return none(" が見つかりません。");
     }
-    const QSize size = sizeOf(file);
-    if (size.width() > largestSide || size.height() > largestSide || QFileInfo(textOfPath(file)).size() > largestFile) {
-        return {{}, 1, QStringLiteral("%1 は大きすぎます。").arg(name)};
+    std::string bytes;
+    if (const std::error_code error = readWholeFile(file, largestFile, bytes)) {
+        return none(error == std::errc::file_too_large ? " は大きすぎます。" : " を読めません。");
     }
-    const std::filesystem::path twice = screenRatio > 1 ? twiceAsLarge(file, size) : std::filesystem::path();
-    QFile source(textOfPath(twice.empty() ? file : twice));
-    if (!source.open(QIODevice::ReadOnly)) {
-        return {{}, 1, unreadable(name)};
+    const QSize size = Reader(bytes, PictureFormat::bmp).size();
+    if (tooLarge(size)) {
+        return none(" は大きすぎます。");
     }
-    return {source.readAll(), twice.empty() ? 1.0 : 2.0, {}};
-}
-
-QImage decodePicture(PictureFile& file, const QString& name) {
-    if (!file.reason.isEmpty()) {
-        return {};
-    }
-    QImage picture = QImage::fromData(file.bytes);
+    QImage picture = screenRatio > 1 && !size.isEmpty() ? twiceAsLarge(file, size) : QImage();
     if (picture.isNull()) {
-        file.reason = unreadable(name);
-        return {};
+        picture = decodePicture(bytes, PictureFormat::bmp);
     }
-    picture.setDevicePixelRatio(file.ratio);
-    return picture;
+    return picture.isNull() ? none(" は BMP 形式の画像として読めません。") : Picture{picture, {}};
 }

@@ -49,10 +49,10 @@ QSize sizeWithFrame(const QWidget& window) {
     if (framed.height() > window.height()) {
         return framed;
     }
-    // The desktop has not yet put its frame around it: the owner's title is as high.
+    // The desktop has not yet put its frame around it: the owner's is as large.
     const QWidget* owner = window.parentWidget() != nullptr ? window.parentWidget()->window() : nullptr;
-    const int title = owner != nullptr ? owner->frameGeometry().height() - owner->height() : 0;
-    return window.size() + QSize(0, title > 0 ? title : window.style()->pixelMetric(QStyle::PM_TitleBarHeight));
+    const QSize frame = owner != nullptr ? owner->frameGeometry().size() - owner->size() : QSize();
+    return window.size() + (frame.height() > 0 ? frame : QSize(0, window.style()->pixelMetric(QStyle::PM_TitleBarHeight)));
 }
 
 void placeWindow(QWidget& window, QPoint place) {

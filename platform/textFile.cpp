@@ -1,36 +1,33 @@
 #include "platform/textFile.h"
 
 #include "platform/paths.h"
+#include "platform/wholeFile.h"
 
-#include <QFile>
 #include <QStringDecoder>
 
 namespace {
 
-constexpr qint64 largestFile = qint64{4} * 1024 * 1024;
+constexpr std::size_t largestFile = std::size_t{4} * 1024 * 1024;
 
 // The text, if all of its bytes are of this encoding.
-std::optional<QString> decoded(QStringDecoder decoder, const QByteArray& bytes) {
+std::optional<QString> decoded(QStringDecoder decoder, const std::string& bytes) {
     if (!decoder.isValid()) {
         return std::nullopt;
     }
-    QString text = decoder.decode(bytes);
+    QString text = decoder.decode(QByteArrayView(bytes));
     return decoder.hasError() ? std::nullopt : std::optional(std::move(text));
 }
 
 }  // namespace
 
 std::optional<std::string> readTextFile(const std::filesystem::path& path) {
-    if (path.empty()) {
+    std::string bytes;
+    if (readWholeFile(path, largestFile, bytes)) {
         return std::nullopt;
     }
-    QFile file(textOfPath(path));
-    if (!file.open(QIODevice::ReadOnly) || file.size() > largestFile) {
-        return std::nullopt;
-    }
-    const QByteArray bytes = file.read(largestFile);
     // A text that is both is ASCII, and the same in both.
-    auto text = decoded(QStringDecoder(QStringDecoder::Utf8), bytes);
+    const auto marked = QStringConverter::encodingForData(bytes);
+    auto text = decoded(QStringDecoder(marked.value_or(QStringConverter::Utf8)), bytes);
     if (!text) {
         text = decoded(QStringDecoder("Shift_JIS"), bytes);
     }

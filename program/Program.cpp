@@ -26,14 +26,14 @@ std::uint64_t dateNumber() {
 
 Program::Program(const std::filesystem::path& folder, const std::filesystem::path& userFolder)
     : folder_(folder),
-      settingsPlace_(folder, userFolder.empty() ? folder : userFolder),
+      store_(SettingsPlace(folder, userFolder.empty() ? folder : userFolder)),
       frmMDI_(machine_),
       registers_(machine_, frmMDI_),
       memory_(machine_, frmMDI_.area(), frmMDI_),
       bench_(machine_, frmMDI_.area(), frmMDI_),
       sight_(bench_, memory_),
       aids_(machine_, frmMDI_.area(), frmMDI_, folder, sight_),
-      settings_(settingsPlace_, frmMDI_),
+      settings_(store_, frmMDI_),
       walk_(frmMDI_) {
     wireStrip();
     wireWindows();
@@ -65,7 +65,7 @@ void Program::runNextStep() {
 
 void Program::addStartSteps() {
     steps_.emplace_back([this] {
-        readSettings(machine_, settingsPlace_);
+        readSettings();
         openSound();
         aids_.openStartPanel();
     });
@@ -76,6 +76,15 @@ void Program::addStartSteps() {
         refreshAll();
         tellOfFonts();
     });
+}
+
+void Program::readSettings() {
+    const SettingsStore::Reading file = store_.read();
+    ::readSettings(machine_, file.profile);
+    if (file.warning) {
+        // Behind the last step, when there is a window to say it.
+        steps_.emplace_back([this, warning = *file.warning] { aids_.say(warning); });
+    }
 }
 
 // A window that the settings leave closed is made when somebody asks for it; its step then only moves the progress bar.
@@ -157,11 +166,24 @@ void Program::restartMachine() {
 
 // --- end -----------------------------------------------------------------------------------------------------------------
 
+void Program::quitWhenKept(bool kept) {
+    if (kept) {
+        quitProgram();
+    }
+}
+
 // Windows go from sight here and are deleted with the program: gestures that are still on their way find them whole.
 void Program::quitProgram() {
     if (quitting_) {
         return;
     }
+    if (store_.saving()) {
+        // What the learner has saved comes first. If it can't be kept he reads why, and the program stays.
+        connect(&store_, &SettingsStore::settled, this, &Program::quitWhenKept,
+                static_cast<Qt::ConnectionType>(Qt::UniqueConnection | Qt::SingleShotConnection));
+        return;
+    }
+    store_.disconnect(this);
     quitting_ = true;
     frmMDI_.timTick().setEnabled(false);
     for (QWidget* window : QApplication::topLevelWidgets()) {
@@ -265,7 +287,7 @@ void Program::wireWindows() {
         restartMachine();
     });
 
-    connect(&settings_, &SettingsWindows::said, &aids_, say);
+    connect(&store_, &SettingsStore::answered, this, [this](const Answer& answer) { aids_.say(answer, &frmMDI_); });
     connect(&settings_, &SettingsWindows::applied, this, [this](const DialogValues& values) {
         applyDialog(machine_, values);
         restartMachine();

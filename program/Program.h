@@ -9,7 +9,7 @@
 #include "access/views/RegisterWindows.h"
 #include "aids/views/AidWindows.h"
 #include "boards/views/BenchWindows.h"
-#include "config/settings.h"
+#include "config/views/SettingsStore.h"
 #include "config/views/SettingsWindows.h"
 #include "core/mduMain.h"
 #include "memwin/views/MemoryWindows.h"
@@ -62,6 +62,8 @@ private:
     void positionWindows();
     void openSound();
     void tellOfFonts();
+    void readSettings();
+    void quitWhenKept(bool kept);
     void quitProgram();
 
     void wireStrip();
@@ -72,7 +74,7 @@ private:
     void lblNagigator_DblClick();
 
     std::filesystem::path folder_;
-    SettingsPlace settingsPlace_;
+    SettingsStore store_;
     Machine machine_;
     Sound sound_;
     std::deque<std::function<void()>> steps_;

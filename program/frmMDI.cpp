@@ -180,10 +180,16 @@ QMdiArea& frmMDI::area() {
 void frmMDI::lblRunMode_Click(int index) {
     lblRunMode(index).setChecked(true);
     emit runModeClicked();
+    keepTime();
     const Firing firing = ::lblRunMode_Click(machine_, tickBar_, index);
     timTick_.setInterval(runModes[static_cast<std::size_t>(index)].interval);
     follow(firing);
     showTickBar();
+}
+
+// A tick may seed the noise from it.
+void frmMDI::keepTime() {
+    machine_.systemTimer = static_cast<std::uint64_t>(QDateTime::currentMSecsSinceEpoch());
 }
 
 void frmMDI::lblRunMode_MouseUp() {
@@ -193,7 +199,7 @@ void frmMDI::lblRunMode_MouseUp() {
 }
 
 void frmMDI::timTick_Timer() {
-    machine_.systemTimer = static_cast<std::uint64_t>(QDateTime::currentMSecsSinceEpoch());
+    keepTime();
     follow(::timTick_Timer(machine_, tickBar_));
 }
 

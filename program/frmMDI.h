@@ -60,6 +60,7 @@ private:
     QWidget* makeRunModes();
     ToolLabel* makeLabel(Tool tool);
     void lblRunMode_MouseUp();
+    void keepTime();
     void follow(const Firing& firing);
     void showTickBar();
     void MDIForm_QueryUnload();

@@ -1,8 +1,8 @@
-#include "config/settings.h"
 #include "platform/ImageList.h"
 #include "platform/look.h"
 #include "platform/paths.h"
-#include "platform/userFolder.h"
+#include "platform/settingsFile.h"
+#include "platform/standardTexts.h"
 #include "program/Program.h"
 
 #include <QApplication>
@@ -17,6 +17,7 @@ int main(int argc, char** argv) {
     const std::filesystem::path folder = programFolder(pathOf(QApplication::applicationDirPath()));
     look::addFonts(textOfPath(folder / "fonts"));
     look::applyTo(application);
+    speakJapanese(application);
 
     Program program(folder, userFolder());
     // The learner has been asked: nothing asks the windows again.

@@ -68,7 +68,9 @@ void WriteDialog::makeAccessFrame() {
         opnAccess_[option]->setGeometry(12, 26 + 28 * static_cast<int>(option), 90, 24);
         connect(opnAccess_[option], &QRadioButton::clicked, this, [this] {
             setupAccess();
-            txtWriteData_->setFocus();
+            // After Qt has given the option the focus, which it does behind a choice by arrow key.
+            QMetaObject::invokeMethod(
+                this, [this] { txtWriteData_->setFocus(); }, Qt::QueuedConnection);
         });
     }
 }

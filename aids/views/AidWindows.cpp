@@ -9,7 +9,7 @@
 #include "aids/views/frmNavigation.h"
 #include "aids/views/frmVersion.h"
 #include "platform/labels.h"
-#include "platform/pictureFile.h"
+#include "platform/paths.h"
 #include "platform/textFile.h"
 #include "platform/twips.h"
 

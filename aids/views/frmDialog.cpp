@@ -19,7 +19,9 @@ constexpr int sideSpace = twips(480);
 constexpr int spaceBelowText = twips(700);
 constexpr int buttonFoot = 8;
 constexpr QSize buttonSize{96, 28};
+constexpr int signLeft = sideSpace / 4;
 constexpr int signSize = 28;
+constexpr int titleLeft = signLeft + signSize + 4;
 
 }  // namespace
 
@@ -39,7 +41,7 @@ frmDialog::frmDialog(QWidget* owner)
     lblMessage_->setObjectName("lblMessage");
     lblMessage_->setFont(look::textFont(14));
     lblMessage_->setTextFormat(Qt::PlainText);
-    sign_->setGeometry(sideSpace / 4, 1, signSize, signSize);
+    sign_->setGeometry(signLeft, 1, signSize, signSize);
 
     const std::array<const char*, 2> captions{"OK", "ｷｬﾝｾﾙ"};
     for (std::size_t action = 0; action < captions.size(); ++action) {
@@ -71,7 +73,7 @@ void frmDialog::showFirst() {
     const QString title = QString::fromStdString(warning.title);
     lblDialogTitle_->setText(title);
     // The title begins behind the sign; its own blanks are part of it.
-    lblDialogTitle_->setGeometry(signSize + 4, 0, wide - signSize - 4, titleHeight);
+    lblDialogTitle_->setGeometry(titleLeft, 0, wide - titleLeft, titleHeight);
     lblMessage_->move((wide - lblMessage_->width()) / 2, titleHeight);
     setWindowTitle(title.trimmed());
     setAccessibleName(title.trimmed());

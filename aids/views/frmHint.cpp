@@ -2,6 +2,7 @@
 
 #include "platform/labels.h"
 #include "platform/look.h"
+#include "platform/pictureFile.h"
 #include "platform/textFile.h"
 
 #include <QButtonGroup>
@@ -42,9 +43,6 @@ frmHint::frmHint(const std::filesystem::path& folder, QMdiArea& area)
 
 void frmHint::initHint() {
     pages_ = readHintList(readTextFile(fileInFolder(hintPath_, "RegsterHint.TXT")).value_or(std::string()));
-    for (const HintPage& page : pages_) {
-        ilsHint_.push_back(loadPicture(hintPath_, textOf(page.picture), devicePixelRatioF()));
-    }
     if (pages_.empty()) {
         reason_ = QStringLiteral("HintData に RegsterHint.TXT が見つかりません。");
     }
@@ -56,10 +54,15 @@ void frmHint::makeTabs() {
     const int tabs = std::max(pageCount(), 1);  // without a list one empty tab
     for (int page = 0; page < tabs; ++page) {
         const QString caption = pages_.empty() ? QString() : textOf(pages_[static_cast<std::size_t>(page)].caption);
-        auto* tab = new QPushButton(caption, face_);
+        auto* tab = new QPushButton(face_);
         tab->setObjectName(QStringLiteral("tabHint%1").arg(page));
         tab->setProperty("viewButton", true);
         tab->setFont(look::textFont(12));
+        // A teacher's long caption is read whole in its tool tip.
+        constexpr int tabMargin = 8;
+        tab->setText(tab->fontMetrics().elidedText(caption, Qt::ElideRight, tabSize.width() - 2 * tabMargin));
+        tab->setToolTip(tab->text() == caption ? QString() : caption);
+        tab->setAccessibleName(caption);
         tab->setCheckable(true);
         tab->setFocusPolicy(Qt::TabFocus);
         tab->setGeometry(
@@ -87,9 +90,10 @@ void frmHint::showHintFor(const QString& name) {
 
 void frmHint::showPage(int page) {
     const auto index = static_cast<std::size_t>(page);
-    if (index < ilsHint_.size()) {
-        picture_ = QPixmap::fromImage(decodePicture(ilsHint_[index], textOf(pages_[index].picture)));
-        reason_ = ilsHint_[index].reason;
+    if (index < pages_.size()) {
+        const Picture picture = loadPicture(hintPath_, textOf(pages_[index].picture), devicePixelRatioF());
+        picture_ = QPixmap::fromImage(picture.image);
+        reason_ = picture.reason;
     }
     const QSize size = picture_.isNull() ? emptyPage : picture_.deviceIndependentSize().toSize();
     const int tabsWidth = tabsInARow * tabPitch.width() - (tabPitch.width() - tabSize.width());

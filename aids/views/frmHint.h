@@ -5,7 +5,6 @@
 
 #include "aids/hintPages.h"
 #include "platform/AreaWindow.h"
-#include "platform/pictureFile.h"
 
 #include <QPixmap>
 
@@ -17,8 +16,8 @@ class frmHint : public AreaWindow {
     Q_OBJECT
 
 public:
-    // Reads the pages from the folder HintData in `folder`, the program's. What can't be read is left out without a word, and a
-    // missing list leaves one empty tab.
+    // Reads the list of the pages from the folder HintData in `folder`, the program's; a missing one leaves one empty tab. A
+    // page's picture is read when the learner turns to it: a book of large ones would fill the memory.
     frmHint(const std::filesystem::path& folder, QMdiArea& area);
 
     int page() const;
@@ -41,9 +40,8 @@ private:
 
     std::filesystem::path hintPath_;
     std::vector<HintPage> pages_;
-    std::vector<PictureFile> ilsHint_;  // read at the start, and decoded when the learner turns to it
-    QString reason_;                    // why the page has no picture
-    QWidget* face_;                     // tabs and page
+    QString reason_;  // why the page has no picture
+    QWidget* face_;   // tabs and page
     QButtonGroup* tabHint_;
     QPixmap picture_;
 };

@@ -27,10 +27,9 @@ frmKAIROZU::frmKAIROZU(const Machine& machine, const std::filesystem::path& fold
 void frmKAIROZU::load() {
     const Diagram diagram = diagramFor(machine_, kairozuIndex_);
     const auto picture = [this](const std::string& name, QString& reason) {
-        PictureFile file = loadPicture(folder_, textOf(name), devicePixelRatioF());
-        const QImage decoded = decodePicture(file, textOf(name));
+        const Picture file = loadPicture(folder_, textOf(name), devicePixelRatioF());
         reason = file.reason;
-        return QPixmap::fromImage(decoded);
+        return QPixmap::fromImage(file.image);
     };
     picKAIROZU_ = picture(diagram.picture, message_);
     picHalf_ = {};

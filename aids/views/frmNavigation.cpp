@@ -2,7 +2,7 @@
 
 #include "platform/labels.h"
 #include "platform/look.h"
-#include "platform/pictureFile.h"
+#include "platform/paths.h"
 #include "platform/screen.h"
 #include "platform/textFile.h"
 #include "platform/twips.h"
@@ -235,7 +235,7 @@ void frmNavigation::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     layOut();
     showSign();
-    if (event->spontaneous()) {
+    if (isVisible()) {
         placeBottomRight(*this);
     }
 }

@@ -4,9 +4,9 @@ Parts that move, light up or can be missing are no part of a card: they are in t
 their pads and printed outlines. Places count from the card's top left corner. What the window writes itself (captions, clocks,
 rates, jumper names) is left out here, its place stays free of copper.
 """
-from drawings.materials import header, shadow, strip
+from drawings.materials import header, legs, light_line, package, shadow, shadow_disc, strip
 from kit.svg_kit import (CAP_RED, COAL, COPPER, CORD_DARK, CORD_LIGHT, DIM_SILK, GOLD_EDGE, GRAPHITE, GREEN, MASK_EDGE, PITCH,
-                         SHADE, SILK, STEEL, TIN_EDGE, WHITE, circ, element, g, move, n, path, rect, text, through)
+                         SHADE, SILK, SOOT, STEEL, TIN_EDGE, WHITE, circ, element, g, move, n, path, rect, text, through)
 
 PIN_X = (70, 83, 96, 109, 125, 138, 151, 164, 183, 196, 209, 222, 238, 251, 264, 277)  # bit 15 to bit 0
 
@@ -139,37 +139,53 @@ def leg_of(first, pitch, at):
     return lambda i: at + first + pitch * i
 
 
+def power_input():
+    """Right of the host: jack, regulator and capacitors, where the register window may lie over them."""
+    s = frame(374, 26, 52, 78, 'POWER', 8, 33)
+    s += trace((364, 65), (384, 65)) + trace((396, 65), (412, 65)) + trace((388, 58), (388, 44)) + trace((404, 44), (404, 65))
+    for x in (388, 408):
+        s += shadow_disc(x, 40, 7, 1.5) + circ(x, 40, 7, g('can'), STEEL, .6) + circ(x, 40, 5.2, g('can_top'), '#a3acb0', .5)
+        s += path('M%s 36.2A5.2 5.2 0 0 0 %s 43.8Z' % (n(x - 3.6), n(x - 3.6)), '#3b444a')
+    s += legs(381, 5.2, 3, 68, 5, True, 2.2) + package(377.6, 57, 17, 12) + rect(378.6, 53.4, 15, 4, .5, g('tin'), TIN_EDGE, .4)
+    s += shadow(404, 74, 34, 20, 1.5, 1.5) + rect(404, 74, 34, 20, 1.5, g('package'), SOOT, .7) + light_line(404, 74, 34, 20, 1.2)
+    s += rect(424, 75.6, 14, 16.8, 1, g('well'), '#070808', .5) + path('M425 84H437', 'none', '#a9b1b5', 2.4, 1, 'round')
+    s += trace((409, 65), (409, 74)) + capacitor(381, 82, True) + capacitor(391, 82, True)
+    s += trace((383.1, 73), (383.1, 82)) + trace((393.1, 76), (393.1, 82))
+    return s + label(413.6, 87, '5V', 8, SILK, False)
+
+
 def card_center():
     s = board(440, 130, corners(440, 130, 'tr bl br'))
-    row, column = leg_of(7.046, 48 / 13.0, 17), leg_of(7.046, 48 / 13.0, 146)
+    row, column = leg_of(7.046, 48 / 13.0, 17), leg_of(7.046, 48 / 13.0, 134)
     for y in (18.4, 56.4):  # connector, two transformers, transceiver
         for a, b in ((y, y + 1.6), (y + 13.6, y + 12.4)):
-            s += trace((33, a), (37, a), (37 + abs(b - a), b), (47, b)) + trace((68, b), (75, b)) + trace((97, b), (108, b))
+            s += trace((33, a), (37, a), (37 + abs(b - a), b), (47, b)) + trace((68, b), (72, b)) + trace((94, b), (101, b))
     for y in (row(1), row(2), row(3), row(9), row(10)):  # transceivers to the chip
-        s += trace((127, y), (148, y))
+        s += trace((120, y), (136, y))
     for y, top in ((45, 38), (83, 76)):  # terminators to their connectors
         s += trace((6.5, y), (6.5, top)) + trace((35.5, y), (35.5, y - 4), (32, y - 7.5), (32, top - 2))
-    s += trace((23.4, 98), (23.4, 91.4), (26.2, 88.6), (148 - 1.3 - (88.6 - row(11)), 88.6), (146.7, row(11)), (148, row(11)))
-    s += trace((109, 95.4), (146.7 - (95.4 - row(12)), 95.4), (146.7, row(12)), (148, row(12)))
+    # jumper and reset
+    s += trace((23.4, 98), (23.4, 91.4), (26.2, 88.6), (134.7 - (88.6 - row(11)), 88.6), (134.7, row(11)), (136, row(11)))
+    s += trace((105, 95.4), (134.7 - (95.4 - row(12)), 95.4), (134.7, row(12)), (136, row(12)))
     for i in (6, 7):  # oscillator
         s += trace((column(i), 73), (column(i), 97))
     # lamps, interrupt lines
-    for i, y, x in ((12, 88.4, 301), (11, 91.0, 267), (10, 93.6, 233)):
+    for i, y, x in ((12, 88.4, 263), (11, 91.0, 234), (10, 93.6, 205)):
         s += trace((column(i), 73), (column(i), 79), (column(i) + y - 79, y), (x - 3, y), (x, y + 3), (x, 104))
-    s += trace((202, row(10)), (235, row(10))) + trace((297, row(10)), (330, row(10)))
-    s += trace((202, row(12)), (207, row(12)), (213.7, row(12) + 6.7), (235, row(12) + 6.7))
-    s += trace((297, row(12) + 6.7), (330, row(12) + 6.7))
+    s += trace((190, row(10)), (204, row(10))) + trace((266, row(10)), (284, row(10)))
+    s += trace((190, row(12)), (193, row(12)), (199.7, row(12) + 6.7), (204, row(12) + 6.7))
+    s += trace((266, row(12) + 6.7), (284, row(12) + 6.7))
     for y in (15, 53):
-        s += transformer_pads(46, y) + transformer_pads(74, y)
+        s += transformer_pads(46, y) + transformer_pads(71, y)
     s += terminator_pads(4, 40) + terminator_pads(4, 78)
-    s += trace((132, 86), (132, 96)) + via(132, 98) + capacitor(129.9, 84.4, True) + capacitor(211, 104.4)
-    s += chip_mark(146, 17)
+    s += trace((127, 86), (127, 96)) + via(127, 98) + capacitor(124.9, 84.4, True)
+    s += chip_mark(134, 17) + power_input()
     # the host bus
-    s += path('M209.5 36.5L219.5 26.4V31H310.5V26.4L320.5 36.5L310.5 46.6V42H219.5V46.6Z', GREEN, SILK, 1.1, 1, 'round', 'round')
-    s += label(265, 39.8, 'HOST BUS')
-    s += frame(235, 55, 62, 30) + label(260, 66.3, 'INT0', 9, DIM_SILK, False) + label(260, 80.1, 'INT1', 9, DIM_SILK, False)
-    s += label(118, 47, 'LINE', 8, DIM_SILK, False) + label(100.6, 122, 'RESET')
-    for x, name in ((233, 'SCAN'), (267, 'Chk1'), (301, 'Chk2')):
+    s += path('M197 36.5L206 26.4V31H267V26.4L276 36.5L267 46.6V42H206V46.6Z', GREEN, SILK, 1.1, 1, 'round', 'round')
+    s += label(236.5, 39.8, 'HOST BUS')
+    s += frame(204, 55, 62, 30) + label(229, 66.3, 'INT0', 9, DIM_SILK, False) + label(229, 80.1, 'INT1', 9, DIM_SILK, False)
+    s += label(111, 47, 'LINE', 8, DIM_SILK, False) + label(96.6, 122, 'RESET')
+    for x, name in ((205, 'SCAN'), (234, 'Chk1'), (263, 'Chk2')):
         s += label(x, 122, name)
     return s
 
@@ -222,8 +238,8 @@ def link(x1, x2, rows):
 
 
 def card_board1():
-    s = satellite() + link(258, 286, (1, 2, 3)) + led_resistor(398, 35) + trace((400, 35), (412, 35))
-    s += label(292.2, 62, 'BPS') + label(413, 62, 'MON')
+    s = satellite() + link(258, 286, (1, 2, 3)) + led_resistor(342, 35) + trace((344, 35), (356, 35))
+    s += label(292.2, 62, 'BPS') + label(357, 62, 'MON')
     for x, words in ((426, 'Varel Bus Network'), (350, 'Ver.2.00'), (312, 'VRB-TS')):
         s += label(x, 88, words, 8, DIM_SILK, False, 'end')
     return s + port_print(98, 98)
@@ -239,11 +255,11 @@ def cascade_socket(x, y):
 
 
 def card_board2():
-    s = satellite(True) + link(258, 292, (1, 2, 3)) + trace((288, 74), (306, 74))
+    s = satellite(True) + link(258, 292, (1, 2, 3)) + trace((288, 74), (296, 74))
     for k, y in enumerate((66, 70.2, 74.4)):  # to the cascade socket
         s += trace((400, y), (416, y)) + via(398.6, y)
     s += cascade_socket(412, 17.6) + label(414, 97, 'Cascade', 8, DIM_SILK, False)
-    s += counter_print(280, 17) + label(310, 92, 'SE')
+    s += counter_print(280, 17) + label(300, 92, 'SE')
     return s + port_print(98, 98)
 
 
@@ -257,14 +273,14 @@ def card_board3():
         end = 109 if i % 2 else 113
         s += trace((column(i), 64), (column(i), end)) + via(column(i), end)
     for x, i, y in ((85.4, 9, 89.5), (88.1, 8, 80.2), (90.8, 7, 70.9)):
-        s += trace((80, ROW(i)), (x - 2, ROW(i)), (x, ROW(i) + 2), (x, y - 2), (x + 2, y), (116.4, y))
+        s += trace((80, ROW(i)), (x - 2, ROW(i)), (x, ROW(i) + 2), (x, y - 2), (x + 2, y), (112.4, y))
     for i, y in ((6, 57.0), (5, 54.3)):  # counters
         start = 88 + (0 if i == 6 else 1.1)
         d = y - ROW(i)
         s += trace((80, ROW(i)), (start, ROW(i)), (start + d, y), (198, y), (198 + y - ROW(i), ROW(i)), (224, ROW(i)))
-    s += trace((204, 74), (222, 74))
+    s += trace((200, 74), (208, 74))
     s += cascade_socket(10.6, 17.6) + chip_mark(36, 20) + capacitor(42, 76) + capacitor(42, 84)
-    s += label(116.6, 52, 'RESET') + counter_print(212, 17) + label(226, 92, 'SE')
+    s += label(116.6, 52, 'RESET') + counter_print(212, 17) + label(212, 92, 'SE')
     return s + port_print(11, 98)
 
 

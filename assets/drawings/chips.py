@@ -21,20 +21,20 @@ def chip(size, b, count, name, name_size, sub, sub_size):
 
 
 def cpu():
-    b = 92.6
+    b = 82.2
     s = package(.8, .8, b, b, 2.2, 2)
     s += path('M.8 7L7 .8H3A2.2 2.2 0 0 0 .8 3Z', GOLD)
     m = .8 + b / 2
-    count, pitch = 17, 5.2
+    count, pitch = 15, 5.2
     first = m - pitch * (count - 1) / 2
     for i in range(count):
         for j in range(count):
             if min(i, j, count - 1 - i, count - 1 - j) < 2 and (i, j) != (0, 0):
                 x, y = first + i * pitch, first + j * pitch
                 s += circ(x, y, 1.35, PITCH) + circ(x - .1, y - .1, 1.0, '#d9ae45')
-    s += rect(m - 32.5, m - 32.5, 65, 65, 2, g('lid'), SOOT, .7) + light_line(m - 32.5, m - 32.5, 65, 65, 1.5, .4)
-    s += rect(m - 27, m - 27, 54, 54, 2, 'none', STEEL, .6)
-    return s + text(m, m - 4.4, 'HOST', 12, '#c9cfd2', False) + text(m, m + 14.6, 'CPU', 20, WHITE)
+    s += rect(m - 28.5, m - 28.5, 57, 57, 2, g('lid'), SOOT, .7) + light_line(m - 28.5, m - 28.5, 57, 57, 1.5, .4)
+    s += rect(m - 24, m - 24, 48, 48, 2, 'none', STEEL, .6)
+    return s + text(m, m - 4.4, 'HOST', 11, '#c9cfd2', False) + text(m, m + 13.6, 'CPU', 18, WHITE)
 
 
 # ------------------------------------------------- header, flat cables, shift
@@ -82,44 +82,39 @@ def shifting():
 
 
 # ------------------------------------------- the circuit around the serial waveform
-LINES = (53, 83, 113)  # level of the low lines of SDI, SCK and SLD
+LINES = (62, 92, 122)  # level of the low lines of SDI, SCK and SLD
 
 
 def serial_board():
-    """The edge of the QDA41's card with its chip; the three lines come in from the right."""
-    s = shadow(.6, .6, 66, 127, 4, 2) + rect(.6, .6, 66, 127, 4, GREEN, MASK_EDGE, 1) + light_line(.6, .6, 66, 127, 3.2, .35)
+    """The edge of the QDA41's card; the three lines come in from the right, the window writes their names."""
+    s = shadow(-6, .6, 33, 139, 4, 2) + rect(-6, .6, 33, 139, 4, GREEN, MASK_EDGE, 1)
+    s += path('M0 1.6H23.6', 'none', '#7fcfa0', .8, .55)
     for y in LINES:
-        s += path('M58 %sH66.8' % n(y), 'none', COPPER, 1.5)
-        s += path('M67 %sH83.4' % n(y), 'none', INK, 1.6)
-        s += path('M72 %sL66.8 %sL72 %s' % (n(y - 3.4), n(y), n(y + 3.4)), INK, INK, .6, 1, 'round', 'round')
-    s += ''.join(rect(54, y - 1.2, 6, 2.4, .3, g('tin'), TIN_EDGE, .35) for y in LINES)
-    s += package(10, 40, 46, 80)
-    s += text(33, 78, 'QDA41', 10.5) + text(33, 90, 'VBN', 8, DIM_MARKING, False)
-    return s + text(33, 18, 'SERIAL', 9, SILK) + text(33, 29, 'INPUT', 9, SILK)
+        s += path('M0 %sH20' % n(y + 8), 'none', COPPER, 1.5) + path('M20 %sL26 %s' % (n(y + 8), n(y)), 'none', COPPER, 1.5)
+        s += rect(22.6, y - 2, 4.8, 4, .3, g('tin'), TIN_EDGE, .35)
+        s += path('M29 %sH37' % n(y), 'none', INK, 1.6)
+        s += path('M33 %sL28 %sL33 %s' % (n(y - 3.4), n(y), n(y + 3.4)), INK, INK, .6, 1, 'round', 'round')
+    return s + text(13, 17, 'QDA', 9, SILK) + text(13, 27, '41', 9, SILK)
 
 
 def serial_generator():
-    """The shift register that drives the three lines to the left."""
-    s = ''
-    for y in LINES:
-        s += path('M.6 %sH18' % n(y), 'none', INK, 1.6)
-    s += ''.join(rect(x, y - 1.2, 6, 2.4, .3, g('tin'), TIN_EDGE, .35) for y in LINES for x in (14, 76))
-    s += package(18, 40, 58, 84, 2.2)
-    s += text(47, 71, 'SHIFT', 11) + text(47, 101, '16bit', 8.5, DIM_MARKING, False)
-    for y, name in zip(LINES, ('SO', 'CK', 'LD')):
-        s += text(26, y + 3, name, 8, DIM_MARKING, False, 'start')
-    return s
+    """The shift register that drives the three lines to the left; its word is seen through the window in its lid."""
+    s = ''.join(rect(.4, y - 1.4, 4, 2.8, .3, g('tin'), TIN_EDGE, .35) for y in LINES)
+    s += shadow(3, .6, 473, 138, 3, 2) + rect(3, .6, 473, 138, 3, g('package'), SOOT, .7) + light_line(3, .6, 473, 138, 2.4)
+    s += circ(12, 9, 2, PITCH, '#565c60', .4)
+    return s + text(239.5, 12.4, 'SHIFT REGISTER', 10.5) + text(466, 12.2, '16bit', 8.5, DIM_MARKING, False, 'end')
 
 
 def draw():
     return {
         'picQDA60.svg': strip(60, 60, [chip(60, 51, 13, 'QDA60', 12, 'VBN', 9)]),
         'picQDA.svg': strip(48, 48, [chip(48, 41, 11, v, 10, 'VBN', 8) for v in ('QDA73', 'QDA41', 'QDA52')]),
-        'picCPU.svg': strip(96, 96, [cpu()]),
+        'picCPU.svg': strip(86, 86, [cpu()]),
         'picFConn.svg': strip(20, 70, [header(10, 20, 70)]),
         'picBridge.svg': strip(80, 70, [flat_cable(80, 70, 19, 14)]),
         'picPWMBridge.svg': strip(80, 34, [flat_cable(80, 34, 18, 8)]),
         'picSDI.svg': strip(92, 30, [shift_register()]),
         'picSerialInt.svg': strip(22, 30, [shifting()]),
-        'picSerialCircuit.svg': strip(84, 132, [serial_board(), serial_generator()]),
+        'picSerialBoard.svg': strip(38, 142, [serial_board()]),
+        'picSerialGenerator.svg': strip(479, 142, [serial_generator()]),
     }

@@ -3,6 +3,7 @@
 #include "platform/look.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QKeyEvent>
 #include <QWheelEvent>
 
@@ -21,8 +22,13 @@ BenchCombo::BenchCombo(const QString& name, const QStringList& items, int width,
     setMaxVisibleItems(itemsAtOnce);
     setFixedSize(width, boxHeight);
     view()->setTextElideMode(Qt::ElideNone);
-    setProperty("benchCombo", true);
     hide();
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget* before, QWidget* now) {
+        // Its own list is a window for itself.
+        if (now == this && before != nullptr && before->window() == window()) {
+            keyboard_.remember(before);
+        }
+    });
     connect(this, &QComboBox::activated, this, [this] {
         if (!walking_) {
             close();
@@ -32,6 +38,7 @@ BenchCombo::BenchCombo(const QString& name, const QStringList& items, int width,
 
 void BenchCombo::open(int listIndex) {
     setCurrentIndex(listIndex);
+    first_ = listIndex;
     open_ = true;
     hadFocus_ = false;
     show();
@@ -52,6 +59,7 @@ void BenchCombo::end(bool commit) {
     hadFocus_ = false;
     const int chosen = currentIndex();
     hidePopup();
+    keyboard_.giveBack(*this, parentWidget());  // else the first part of the bench would have it
     hide();
     if (commit) {
         emit committed(chosen);
@@ -74,7 +82,10 @@ void BenchCombo::focusOutEvent(QFocusEvent* event) {
 
 void BenchCombo::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
-        case Qt::Key_Escape: end(false); break;
+        case Qt::Key_Escape:
+            setCurrentIndex(first_);
+            close();
+            break;
         case Qt::Key_Return:
         case Qt::Key_Enter: close(); break;
         default:

@@ -1,7 +1,12 @@
 // A combo box that stands over a picture of the bench while a setting is chosen. It commits when it loses the focus, by
-// whatever means; one that never had the focus commits nothing, and neither does a list that merely drops down.
+// whatever means; one that never had the focus commits nothing, and neither does a list that merely drops down. Escape takes
+// back what was chosen meanwhile: what it commits is the item that the box came up with.
+//
+// When the box goes, the keyboard is where it was before the box had it.
 
 #pragma once
+
+#include "platform/KeyboardLoan.h"
 
 #include <QComboBox>
 
@@ -33,6 +38,8 @@ protected:
 private:
     void end(bool commit);
 
+    KeyboardLoan keyboard_;
+    int first_ = 0;  // list index at the opening
     bool open_ = false;
     bool hadFocus_ = false;
     bool walking_ = false;

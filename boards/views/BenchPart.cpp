@@ -1,10 +1,9 @@
 #include "boards/views/BenchPart.h"
 
-#include "boards/views/benchAccess.h"
 #include "platform/labels.h"
 
+#include <QAccessible>
 #include <QCursor>
-#include <QFontMetricsF>
 #include <QGraphicsSceneMouseEvent>
 #include <QKeyEvent>
 #include <QPainter>
@@ -23,15 +22,6 @@ bool isActionKey(int key) {
 }
 
 }  // namespace
-
-QFont benchFont(int pixelSize, bool bold) {
-    QFont font;
-    font.setFamilies({"DejaVu Sans Condensed", "DejaVu Sans", "Segoe UI", "Helvetica Neue"});
-    font.setStretch(QFont::SemiCondensed);
-    font.setPixelSize(pixelSize);
-    font.setBold(bold);
-    return font;
-}
 
 // --- pictures ------------------------------------------------------------------------------------------------------------
 
@@ -55,13 +45,13 @@ const QPixmap& BenchImages::image(const char* images, int number) {
 
 // --- a part --------------------------------------------------------------------------------------------------------------
 
-BenchPart::BenchPart(const PartRow& row, BenchImages& images, Answers answers, QGraphicsItem* parent)
-    : QGraphicsObject(parent), row_(row), images_(images), answers_(answers) {
+BenchPart::BenchPart(const PartRow& row, BenchImages& images, Reactions reactions, QGraphicsItem* parent)
+    : QGraphicsObject(parent), row_(row), images_(images), reactions_(reactions) {
     setObjectName(QStringLiteral("%1(%2)").arg(QLatin1String(row.family->name)).arg(row.index));
     setPos(row.place);
     setPointer(row.pointer);
-    setFlag(ItemIsFocusable, answers.any());
-    setAcceptedMouseButtons(answers.any() ? Qt::LeftButton : Qt::NoButton);
+    setFlag(ItemIsFocusable, reactions.any());
+    setAcceptedMouseButtons(reactions.any() ? Qt::LeftButton : Qt::NoButton);
 }
 
 void BenchPart::setPointer(Pointer pointer) {
@@ -73,28 +63,28 @@ void BenchPart::setPointer(Pointer pointer) {
 }
 
 bool BenchPart::refresh(const Machine& machine) {
-    const Look wanted = row_.family->look(machine, row_.index);
-    if (wanted == look_) {
+    const Appearance wanted = row_.family->appearance(machine, row_.index);
+    if (wanted == shown_) {
         return false;
     }
-    const bool otherPicture = wanted.images != look_.images || wanted.number != look_.number;
-    look_ = wanted;
-    setPos(row_.place + look_.moved);
-    setVisible(look_.visible);
-    setToolTip(textOf(look_.tip != nullptr ? look_.tip : row_.tip));
+    const bool otherPicture = wanted.images != shown_.images || wanted.number != shown_.number;
+    shown_ = wanted;
+    setPos(row_.place + shown_.moved);
+    setVisible(shown_.visible);
+    setToolTip(textOf(shown_.tip != nullptr ? shown_.tip : row_.tip));
     if (otherPicture) {
         reloadPicture();
     }
-    tellState(*this);
+    tellState();
     return true;
 }
 
 void BenchPart::reloadPicture() {
-    if (look_.images == nullptr) {
+    if (shown_.images == nullptr) {
         return;
     }
-    picture_ = images_.image(look_.images, look_.number);
-    const QRectF needed = QRectF(QPointF(), picture_.deviceIndependentSize()).adjusted(-ringGap, -ringGap, ringGap, ringGap);
+    picture_ = images_.image(shown_.images, shown_.number);
+    const QRectF needed = pictureRect().adjusted(-ringGap, -ringGap, ringGap, ringGap);
     if (needed != bounds_) {
         prepareGeometryChange();
         bounds_ = needed;
@@ -106,15 +96,23 @@ void BenchPart::paint(QPainter* painter, const QStyleOptionGraphicsItem* /*optio
     painter->setRenderHint(QPainter::SmoothPixmapTransform);
     painter->drawPixmap(QPointF(), picture_);
     if (ring_ && hasFocus()) {
-        const QRectF ring(QPointF(), picture_.deviceIndependentSize());
+        const QRectF ring = pictureRect().adjusted(-1, -1, 1, 1);
         painter->setRenderHint(QPainter::Antialiasing);
         painter->setBrush(Qt::NoBrush);
         painter->setPen(QPen(ringEdge, 3));
-        painter->drawRoundedRect(ring.adjusted(-1, -1, 1, 1), 3, 3);
+        painter->drawRoundedRect(ring, 3, 3);
         painter->setPen(QPen(ringColour, 1.5));
-        painter->drawRoundedRect(ring.adjusted(-1, -1, 1, 1), 3, 3);
+        painter->drawRoundedRect(ring, 3, 3);
     }
 }
+
+QPainterPath BenchPart::shape() const {
+    QPainterPath path;
+    path.addRect(pictureRect());
+    return path;
+}
+
+// --- for those who hear the bench ----------------------------------------------------------------------------------------
 
 QString BenchPart::spokenName() const {
     const QString name = row_.card < cardCount ? QLatin1String(cardRows[row_.card].caption) + QLatin1Char(' ') : QString();
@@ -122,28 +120,43 @@ QString BenchPart::spokenName() const {
 }
 
 QString BenchPart::spokenState() const {
-    const auto number = static_cast<std::size_t>(look_.number - 1);
+    const auto number = static_cast<std::size_t>(shown_.number - 1);
     const char* state = number < row_.family->states.size() ? row_.family->states[number] : nullptr;
     if (state != nullptr) {
         return textOf(state);
     }
     // The positions of a rotary switch are its hexadecimal digits.
-    return look_.images == std::string_view("ilsRSW") || look_.images == std::string_view("ilsDIP3")
-               ? QString::number(look_.number - 1, 16).toUpper()
+    return shown_.images == std::string_view("ilsRSW") || shown_.images == std::string_view("ilsDIP3")
+               ? QString::number(shown_.number - 1, 16).toUpper()
                : QString();
+}
+
+void BenchPart::tellFocus() {
+    if (QAccessible::isActive()) {
+        QAccessibleEvent event(this, QAccessible::Focus);
+        QAccessible::updateAccessibility(&event);
+    }
+}
+
+// Only for the part at work: a screen reader can't follow sixty LEDs.
+void BenchPart::tellState() {
+    if (hasFocus() && QAccessible::isActive()) {
+        QAccessibleValueChangeEvent event(this, spokenState());
+        QAccessible::updateAccessibility(&event);
+    }
 }
 
 // --- gestures --------------------------------------------------------------------------------------------------------------
 
 void BenchPart::hold() {
     held_ = true;
-    emit gesture(this, Gesture::down);
+    emit touched(this, Touch::down);
 }
 
 void BenchPart::letGo() {
     if (held_) {
         held_ = false;
-        emit gesture(this, Gesture::up);
+        emit touched(this, Touch::up);
     }
 }
 
@@ -151,33 +164,32 @@ void BenchPart::mousePressEvent(QGraphicsSceneMouseEvent* event) {
     ring_ = false;
     setFocus(Qt::MouseFocusReason);
     clickBegun_ = true;
-    if (answers_.held) {
+    if (reactions_.held) {
         hold();
     }
     event->accept();
 }
 
 void BenchPart::mouseDoubleClickEvent(QGraphicsSceneMouseEvent* event) {
-    if (!answers_.doubleClick && !answers_.heldByDouble) {
+    if (!reactions_.doubleClick && !reactions_.heldByDouble) {
         mousePressEvent(event);  // two clicks in a row are two clicks
         return;
     }
     clickBegun_ = false;
     event->accept();
-    if (answers_.heldByDouble) {
+    if (reactions_.heldByDouble) {
         hold();
     } else {
         // A dialog may come up, and the release would then never arrive here.
         ungrabMouse();
-        emit gesture(this, Gesture::doubleClick);
+        emit touched(this, Touch::doubleClick);
     }
 }
 
 void BenchPart::mouseReleaseEvent(QGraphicsSceneMouseEvent* event) {
     letGo();
-    const bool inside = QRectF(QPointF(), picture_.deviceIndependentSize()).contains(event->pos());
-    if (clickBegun_ && inside && answers_.click) {
-        emit gesture(this, Gesture::click);
+    if (clickBegun_ && pictureRect().contains(event->pos()) && reactions_.click) {
+        emit touched(this, Touch::click);
     }
     clickBegun_ = false;
 }
@@ -199,10 +211,10 @@ void BenchPart::keyPressEvent(QKeyEvent* event) {
         return;
     }
     ring_ = true;
-    if (answers_.held || answers_.heldByDouble) {
+    if (reactions_.held || reactions_.heldByDouble) {
         hold();
     } else {
-        emit gesture(this, answers_.doubleClick ? Gesture::doubleClick : Gesture::click);
+        emit touched(this, reactions_.doubleClick ? Touch::doubleClick : Touch::click);
     }
 }
 
@@ -229,58 +241,11 @@ void BenchPart::focusInEvent(QFocusEvent* event) {
         case Qt::MouseFocusReason: ring_ = false; break;
         default: break;  // the focus comes back to where it was
     }
-    tellFocus(*this);
+    tellFocus();
     update();
 }
 
 void BenchPart::focusOutEvent(QFocusEvent* /*event*/) {
     letGo();
     update();
-}
-
-// --- a label ---------------------------------------------------------------------------------------------------------------
-
-BenchLabel::BenchLabel(const LabelRow& row, QGraphicsItem* parent)
-    : QGraphicsItem(parent), row_(row), font_(benchFont(row.pixelSize)) {
-    setPos(row.place);
-    setAcceptedMouseButtons(Qt::NoButton);
-}
-
-bool BenchLabel::refresh(const Machine& machine) {
-    const std::string_view wanted = row_.text(machine, row_.index);
-    const bool visible = row_.visible(machine, row_.index);
-    if (wanted == text_ && visible == visible_) {
-        return false;
-    }
-    visible_ = visible;
-    setVisible(visible);
-    if (wanted != text_) {
-        constexpr qreal boxWidth = 40;
-        constexpr qreal boxHeight = 11;
-        prepareGeometryChange();
-        text_ = wanted;
-        const QFontMetricsF metrics(font_);
-        const qreal width = metrics.horizontalAdvance(text());
-        const qreal left = row_.align == Align::centre ? -width / 2 : 0;
-        bounds_ = row_.boxed ? QRectF(-boxWidth / 2, -boxHeight + 2, boxWidth, boxHeight)
-                             : QRectF(left, -metrics.ascent(), width + 1, metrics.height());
-        update();
-    }
-    return true;
-}
-
-void BenchLabel::paint(QPainter* painter, const QStyleOptionGraphicsItem* /*option*/, QWidget* /*widget*/) {
-    painter->setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
-    if (row_.boxed) {
-        painter->setPen(Qt::NoPen);
-        painter->setBrush(QColor(0xf3, 0xf7, 0xf1));
-        painter->drawRoundedRect(bounds_, 1.5, 1.5);
-    }
-    painter->setFont(font_);
-    painter->setPen(QColor::fromRgb(row_.colour));
-    if (row_.boxed) {
-        painter->drawText(bounds_, Qt::AlignCenter, text());
-    } else {
-        painter->drawText(QPointF(bounds_.left(), 0), text());
-    }
 }

@@ -1,11 +1,10 @@
-// The items of the bench's picture: a part, which shows the picture of its state and hands gestures on, and a label.
+// An item of the bench's picture: it shows the picture of its state, and hands on what the mouse and the keyboard do to it.
 
 #pragma once
 
 #include "boards/views/benchParts.h"
 #include "platform/ImageList.h"
 
-#include <QFont>
 #include <QGraphicsObject>
 #include <QPixmap>
 
@@ -25,14 +24,14 @@ private:
 };
 
 // What the mouse or the keyboard did to a part. `down` and `up` come in pairs, wherever the pointer went in between.
-enum class Gesture : std::uint8_t { click, doubleClick, down, up };
+enum class Touch : std::uint8_t { click, doubleClick, down, up };
 
 class BenchPart : public QGraphicsObject {
     Q_OBJECT
 
 public:
-    // Which gestures a part answers to. One without a double click takes every press of a fast series for a click.
-    struct Answers {
+    // What a part reacts to. One without a double click takes every press of a fast series for a click.
+    struct Reactions {
         bool click = false;
         bool doubleClick = false;
         bool held = false;          // a press counts, and its release
@@ -40,13 +39,13 @@ public:
         bool any() const { return click || doubleClick || held || heldByDouble; }
     };
 
-    BenchPart(const PartRow& row, BenchImages& images, Answers answers, QGraphicsItem* parent);
+    BenchPart(const PartRow& row, BenchImages& images, Reactions reactions, QGraphicsItem* parent);
 
     const PartRow& row() const { return row_; }
-    const Look& shown() const { return look_; }
-    const Answers& answers() const { return answers_; }
+    const Appearance& shown() const { return shown_; }
+    const Reactions& reactions() const { return reactions_; }
     bool isHeld() const { return held_; }
-    // The last gesture came by keyboard.
+    // The last touch came by keyboard.
     bool byKeyboard() const { return ring_; }
 
     // Brings picture, place and visibility into line with the machine; true when something differed.
@@ -65,10 +64,12 @@ public:
     void actByKey();
 
     QRectF boundingRect() const override { return bounds_; }
+    // The picture alone: what the ring needs around it belongs to the neighbours.
+    QPainterPath shape() const override;
     void paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget* widget) override;
 
 signals:
-    void gesture(BenchPart* part, Gesture gesture);
+    void touched(BenchPart* part, Touch touch);
 
 protected:
     void mousePressEvent(QGraphicsSceneMouseEvent* event) override;
@@ -81,37 +82,18 @@ protected:
     bool sceneEvent(QEvent* event) override;
 
 private:
+    QRectF pictureRect() const { return {QPointF(), picture_.deviceIndependentSize()}; }
     void hold();
+    void tellFocus();
+    void tellState();
 
     const PartRow& row_;
     BenchImages& images_;
-    Answers answers_;
-    Look look_;
+    Reactions reactions_;
+    Appearance shown_;
     QPixmap picture_;
     QRectF bounds_;
     bool held_ = false;
     bool clickBegun_ = false;
     bool ring_ = false;  // the keyboard came here
 };
-
-class BenchLabel : public QGraphicsItem {
-public:
-    BenchLabel(const LabelRow& row, QGraphicsItem* parent);
-
-    const LabelRow& row() const { return row_; }
-    QString text() const { return QString::fromUtf8(text_.data(), static_cast<qsizetype>(text_.size())); }
-    bool refresh(const Machine& machine);
-
-    QRectF boundingRect() const override { return bounds_; }
-    void paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget* widget) override;
-
-private:
-    const LabelRow& row_;
-    QFont font_;
-    std::string_view text_;
-    bool visible_ = true;  // by its own row; a hidden card hides it all the same
-    QRectF bounds_;
-};
-
-// Print on the parts and cards, condensed so that it fits at a legible size.
-QFont benchFont(int pixelSize, bool bold = true);

@@ -2,6 +2,7 @@
 
 #include "boards/views/BenchPart.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QScrollBar>
 #include <QWheelEvent>
@@ -9,6 +10,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace {
 
@@ -17,7 +19,7 @@ constexpr qreal smallestZoom = 0.5;
 constexpr qreal largestZoom = 3;
 
 bool reachable(const BenchPart& part) {
-    return part.isVisible() && part.answers().any();
+    return part.isVisible() && part.reactions().any();
 }
 
 QPointF middleOf(const BenchPart& part) {
@@ -33,6 +35,11 @@ BenchView::BenchView(QGraphicsScene* scene, QWidget* parent) : QGraphicsView(sce
     setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
     setOptimizationFlag(DontSavePainterState);
     setCacheMode(CacheNone);
+    connect(qApp, &QApplication::focusChanged, this, [this](const QWidget* before, const QWidget* now) {
+        if (now == this) {
+            enter(before);
+        }
+    });
 }
 
 void BenchView::setZoom(qreal zoom) {
@@ -109,12 +116,25 @@ bool BenchView::focusNextPrevChild(bool next) {
     return QGraphicsView::focusNextPrevChild(next);
 }
 
+// The scene takes up the part that it had, with the ring that it had; whether a walk begins shows when the event is through.
 void BenchView::focusInEvent(QFocusEvent* event) {
-    QGraphicsView::focusInEvent(event);
-    const bool forward = event->reason() == Qt::TabFocusReason;
-    if ((forward || event->reason() == Qt::BacktabFocusReason) && partAtWork() == nullptr) {
-        focusNextPrevChild(forward);
+    const bool walk = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+    entering_ = walk ? event->reason() : Qt::NoFocusReason;
+    QFocusEvent quiet(event->type(), walk ? Qt::OtherFocusReason : event->reason());
+    QGraphicsView::focusInEvent(&quiet);
+}
+
+// Qt hands the keyboard on by the same reason as the Tab key when the widget that has it is hidden.
+void BenchView::enter(const QWidget* from) {
+    const Qt::FocusReason reason = std::exchange(entering_, Qt::NoFocusReason);
+    if (reason == Qt::NoFocusReason || (from != nullptr && !from->isVisible())) {
+        return;
     }
+    if (BenchPart* part = partAtWork()) {
+        walkTo(part, reason);
+        return;
+    }
+    focusNextPrevChild(reason == Qt::TabFocusReason);
 }
 
 BenchPart* BenchView::neighbour(const BenchPart& from, QPointF direction) const {

@@ -3,6 +3,9 @@
 //   Ctrl + wheel, Ctrl + plus, minus, 0     zoom
 //   Tab, Shift + Tab                        next and previous part in the order of the boards
 //   arrow keys                              the next part on that side
+//
+// Only who walks here begins a walk: when a window that had the keyboard goes away and it falls on the bench, no part comes to
+// the keyboard by that, and none shows its ring.
 
 #pragma once
 
@@ -37,6 +40,7 @@ protected:
     void scrollContentsBy(int dx, int dy) override;
 
 private:
+    void enter(const QWidget* from);
     BenchPart* partAtWork() const;
     void walkTo(BenchPart* part, Qt::FocusReason reason);
     BenchPart* neighbour(const BenchPart& from, QPointF direction) const;
@@ -44,4 +48,5 @@ private:
 
     std::vector<BenchPart*> parts_;
     qreal zoom_ = 1;
+    Qt::FocusReason entering_ = Qt::NoFocusReason;
 };

@@ -30,11 +30,11 @@ public:
             default: return {};
         }
     }
-    QAccessible::Role role() const override { return part().answers().any() ? QAccessible::Button : QAccessible::Graphic; }
+    QAccessible::Role role() const override { return part().reactions().any() ? QAccessible::Button : QAccessible::Graphic; }
     QAccessible::State state() const override {
         QAccessible::State state;
         state.invisible = !part().isVisible();
-        state.focusable = part().answers().any();
+        state.focusable = part().reactions().any();
         state.focused = part().hasFocus();
         state.pressed = part().isHeld();
         return state;
@@ -52,7 +52,7 @@ public:
         return type == QAccessible::ActionInterface ? static_cast<QAccessibleActionInterface*>(this) : nullptr;
     }
     QStringList actionNames() const override {
-        return part().answers().any() ? QStringList{pressAction(), setFocusAction()} : QStringList{};
+        return part().reactions().any() ? QStringList{pressAction(), setFocusAction()} : QStringList{};
     }
     void doAction(const QString& name) override {
         part().setFocus(Qt::TabFocusReason);
@@ -112,19 +112,4 @@ void makeBenchAccessible() {
         return true;
     }();
     static_cast<void>(once);
-}
-
-void tellFocus(BenchPart& part) {
-    if (QAccessible::isActive()) {
-        QAccessibleEvent event(&part, QAccessible::Focus);
-        QAccessible::updateAccessibility(&event);
-    }
-}
-
-void tellState(BenchPart& part) {
-    // Only for the part at work: a screen reader can't follow sixty LEDs.
-    if (part.hasFocus() && QAccessible::isActive()) {
-        QAccessibleValueChangeEvent event(&part, part.spokenState());
-        QAccessible::updateAccessibility(&event);
-    }
 }

@@ -3,11 +3,5 @@
 
 #pragma once
 
-class BenchPart;
-
 // Makes views of the bench and their parts known to assistive technology; once for the program.
 void makeBenchAccessible();
-
-// A part came to the keyboard, or shows another state.
-void tellFocus(BenchPart& part);
-void tellState(BenchPart& part);

@@ -1,6 +1,7 @@
 #include "boards/views/frmEditSerial.h"
 
 #include "boards/serialInput.h"
+#include "boards/views/BenchLabel.h"
 #include "platform/ImageList.h"
 #include "platform/OvertypeField.h"
 #include "platform/labels.h"
@@ -16,32 +17,34 @@
 namespace {
 
 constexpr int margin = 12;
-constexpr int pictureWidth = 84;
-constexpr int pictureHeight = 132;
-constexpr int circuitTop = 56;
-constexpr int captionWidth = 30;
+constexpr int circuitTop = 50;
+constexpr int circuitHeight = 142;
+constexpr int boardWidth = 38;
+constexpr int generatorLeft = 37;
+constexpr int generatorWidth = 479;
 constexpr int waveLeftAtRest = twips(120);
-constexpr int coverWidth = waveWidth + 2 * waveLeftAtRest;
-constexpr int coverTop = circuitTop + 8;
-constexpr int coverLeft = margin + pictureWidth + captionWidth;
+constexpr int coverWidth = waveLeftAtRest + waveWidth;
+constexpr int coverLeft = generatorLeft + 5;
+constexpr int coverTop = circuitTop + 17;
 constexpr int shiftStep = 15;
 constexpr int shiftInterval = 100;
-constexpr QSize dialogSize{coverLeft + coverWidth + pictureWidth + margin, circuitTop + pictureHeight + margin};
+// As narrow as the waveform lets it be: beside the circuit that it feeds, also for the cascade card on a screen of 1280.
+constexpr QSize dialogSize{generatorLeft + generatorWidth, circuitTop + circuitHeight + margin / 2};
 
 // One of the two drawings around the waveform.
 class CircuitPicture : public QWidget {
 public:
-    CircuitPicture(int number, QWidget* parent) : QWidget(parent), number_(number) {}
+    CircuitPicture(const char* drawing, QWidget* parent) : QWidget(parent), drawing_(drawing) {}
 
 protected:
     void paintEvent(QPaintEvent* /*event*/) override {
         QPainter painter(this);
         painter.setRenderHint(QPainter::SmoothPixmapTransform);
-        painter.drawPixmap(rect(), ImageList("picSerialCircuit").image(number_, devicePixelRatioF()));
+        painter.drawPixmap(rect(), ImageList(drawing_).image(1, devicePixelRatioF()));
     }
 
 private:
-    int number_;
+    const char* drawing_;
 };
 
 }  // namespace
@@ -105,8 +108,8 @@ void frmEditSerial::makeEntry() {
     txtWriteData_->setMaxLength(4);
     txtWriteData_->setText("0000");
     txtWriteData_->setAlignment(Qt::AlignCenter);
-    txtWriteData_->setGeometry(coverLeft + waveLeftAtRest, margin, 72, 28);
-    makeLabel(this, "Label3", "H", look::hexFont(14), {coverLeft + waveLeftAtRest + 78, margin, 16, 28});
+    txtWriteData_->setGeometry(130, margin, 72, 28);
+    makeLabel(this, "Label3", "H", look::hexFont(14), {208, margin, 16, 28});
 
     // From the left: Set, Start, Cancel.
     struct ButtonRow {
@@ -132,19 +135,21 @@ void frmEditSerial::makeEntry() {
 }
 
 void frmEditSerial::makeCircuit() {
-    const auto place = [this](int number, int left) {
-        auto* picture = new CircuitPicture(number, this);
-        picture->setObjectName(QStringLiteral("Picture%1").arg(number));
-        picture->setGeometry(left, circuitTop, pictureWidth, pictureHeight);
+    const auto place = [this](const char* name, const char* drawing, int left, int width) {
+        auto* picture = new CircuitPicture(drawing, this);
+        picture->setObjectName(name);
+        picture->setGeometry(left, circuitTop, width, circuitHeight);
     };
-    place(1, margin);
-    place(2, coverLeft + coverWidth);
+    place("Picture1", "picSerialBoard", 0, boardWidth);
+    place("Picture2", "picSerialGenerator", generatorLeft, generatorWidth);
     for (std::size_t row = 0; row < waveRows.size(); ++row) {
-        constexpr int captionHeight = 16;
-        auto* caption = makeLabel(
-            this, QStringLiteral("Label2%1").arg(row), textOf(waveRows[row].name), look::interfaceFont(11),
-            {coverLeft - captionWidth, coverTop + waveRows[row].low - captionHeight / 2, captionWidth - 4, captionHeight});
-        caption->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        // In the print of the card's edge.
+        constexpr int captionHeight = 14;
+        constexpr int captionWidth = 22;
+        auto* caption = makeLabel(this, QStringLiteral("Label2%1").arg(row), textOf(waveRows[row].name), benchFont(9),
+                                  {0, coverTop + waveRows[row].low - captionHeight / 2, captionWidth, captionHeight});
+        caption->setAlignment(Qt::AlignCenter);
+        caption->setStyleSheet("color: #f3f7f1;");
     }
     auto* cover = new QFrame(this);
     cover->setObjectName("picDREQ_Cover");

@@ -1,24 +1,23 @@
 // The hardware window: the bench as the learner sees and touches it. It holds no rule of its own; a gesture goes to one rule
 // of the model, and refresh() brings the pictures into line with the machine.
 //
+//   BenchScene      what is shown: cards, parts and labels, each bound to the machine
+//   BenchView       zoom, and the walk by keyboard
+//   BenchGestures   what a touch of a part does
+//   BenchCombos     the settings that are chosen from a list
+//
 // Its width follows what there is to show: 7890 twips, or 13330 with the cascade card or the PWM panel, at zoom 1.
 
 #pragma once
 
-#include "boards/views/BenchPart.h"
-#include "core/answer.h"
+#include "boards/views/BenchCombos.h"
+#include "boards/views/BenchGestures.h"
+#include "boards/views/BenchLabel.h"
 #include "platform/Timer.h"
 
 #include <QMdiSubWindow>
 
-#include <array>
 #include <memory>
-
-class BenchCombo;
-class BenchView;
-class QGraphicsScene;
-class QGraphicsPixmapItem;
-struct BenchComboRow;
 
 class frmHard : public QMdiSubWindow {
     Q_OBJECT
@@ -35,19 +34,15 @@ public:
     // The machine starts anew without this window: open boxes take nothing over, and no gesture counts any more.
     void retire();
 
-    Machine& machine() { return machine_; }
+    // The machine changed, and this is what its rule has to say.
+    void changed(const Answer& answer = {});
+
     BenchView& view() { return *view_; }
     // A part by name and index of its control; nullptr when there is none.
     BenchPart* part(std::string_view name, std::size_t index = 0);
     BenchLabel* label(std::string_view name, std::size_t index = 0);
-    BenchCombo* combo(std::string_view name, std::size_t index = 0);
+    BenchCombo* combo(std::string_view name, std::size_t index = 0) { return combos_->box(name, index); }
     Timer& timMotor() { return timMotor_; }
-
-    // --- what the gesture table asks for -------------------------------------------------------------------------------
-    // The machine changed, and this is what its rule has to say.
-    void changed(const Answer& answer = {});
-    void openCombo(BenchPart& part);
-    void closeCombo(BenchPart& part);
 
 signals:
     void refreshWanted();
@@ -72,39 +67,15 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    struct OpenCombo {
-        const BenchComboRow* row;
-        std::size_t index;
-        BenchCombo* box;
-        std::vector<BenchPart*> pictures;
-    };
-
-    void makeScene();
-    void makeCards();
-    void makeParts();
-    void makeCombos();
-    void onGesture(BenchPart* part, Gesture gesture);
-    OpenCombo* comboOf(const BenchPart& part);
-    void placeCombos();
-    void drawPortLabels();
+    void wire();
     void rescale();
     void fit();
 
     Machine& machine_;
-    BenchImages images_;
-    std::unique_ptr<QGraphicsScene> scene_;
+    std::unique_ptr<BenchScene> scene_;
     BenchView* view_ = nullptr;
-    class Mat;
-    Mat* mat_ = nullptr;
-    struct Card {
-        QGraphicsPixmapItem* picBoard = nullptr;
-        QGraphicsItem* picShadow = nullptr;
-    };
-    std::array<Card, cardCount> cards_{};
-    std::vector<BenchPart*> parts_;
-    std::vector<BenchLabel*> labels_;
-    std::array<QGraphicsItem*, 2> portLabels_{};
-    std::vector<OpenCombo> combos_;
+    BenchGestures gestures_;
+    std::unique_ptr<BenchCombos> combos_;
     bool retired_ = false;
     int width_ = 0;  // in twips, at zoom 1
     Timer timMotor_;

@@ -2,10 +2,8 @@
 
 #include "config/views/frmDefault.h"
 
-#include <utility>
-
-SettingsWindows::SettingsWindows(SettingsPlace place, QWidget& owner)
-    : place_(std::move(place)),
+SettingsWindows::SettingsWindows(SettingsStore& store, QWidget& owner)
+    : store_(store),
       owner_(owner),
       frmDefault_(
           *this, [this] { return makeDialog(); }, [this](bool open) { emit shown(open); }) {}
@@ -17,10 +15,9 @@ frmDefault* SettingsWindows::dialog() const {
 }
 
 frmDefault* SettingsWindows::makeDialog() {
-    auto* dialog = new frmDefault(place_, &owner_);
+    auto* dialog = new frmDefault(store_, &owner_);
     connect(dialog, &frmDefault::applied, this, &SettingsWindows::applied);
     connect(dialog, &frmDefault::unloaded, this, [this] { frmDefault_.forget(); });
-    connect(dialog, &frmDefault::answered, this, [this, dialog](const Answer& answer) { emit said(answer, dialog); });
     return dialog;
 }
 

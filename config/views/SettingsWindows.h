@@ -3,19 +3,19 @@
 #pragma once
 
 #include "config/settings.h"
-#include "core/answer.h"
 #include "platform/OnDemand.h"
 
 #include <QObject>
 
+class SettingsStore;
 class frmDefault;
 
 class SettingsWindows : public QObject {
     Q_OBJECT
 
 public:
-    // The dialog reads and saves the settings at `place`, and belongs to `owner`, the main window.
-    SettingsWindows(SettingsPlace place, QWidget& owner);
+    // The dialog reads and saves the settings of `store`, and belongs to `owner`, the main window.
+    SettingsWindows(SettingsStore& store, QWidget& owner);
     ~SettingsWindows() override;
 
     void open();
@@ -29,13 +29,11 @@ signals:
     void shown(bool open);
     // "Apply at once": these values, and a restart.
     void applied(const DialogValues& values);
-    // What a gesture has to say, beside the form that it speaks of.
-    void said(const Answer& answer, const QWidget* form);
 
 private:
     frmDefault* makeDialog();
 
-    SettingsPlace place_;
+    SettingsStore& store_;
     QWidget& owner_;
     OnDemand<frmDefault> frmDefault_;
 };

@@ -1,5 +1,6 @@
 #include "config/views/frmDefault.h"
 
+#include "config/views/SettingsStore.h"
 #include "platform/labels.h"
 #include "platform/look.h"
 #include "platform/screen.h"
@@ -92,10 +93,10 @@ QComboBox* makeList(const char* name, const char* caption, QGridLayout* grid, in
 
 }  // namespace
 
-frmDefault::frmDefault(SettingsPlace place, QWidget* owner)
+frmDefault::frmDefault(SettingsStore& store, QWidget* owner)
     : QDialog(owner,
               Qt::Tool | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint | Qt::WindowStaysOnTopHint),
-      place_(std::move(place)) {
+      store_(store) {
     setObjectName("frmDefault");
     setWindowTitle("システムデフォルト設定");
     setFont(look::textFont(textSize));
@@ -118,7 +119,7 @@ frmDefault::frmDefault(SettingsPlace place, QWidget* owner)
     grid->setRowStretch(1, 1);
     grid->setSizeConstraint(QLayout::SetFixedSize);
     bindControls();
-    showValues(loadDialog(readProfileFile(place_.toRead())));
+    showValues(store_.dialogValues());
 }
 
 // --- the frames ------------------------------------------------------------------------------------------------------------
@@ -292,11 +293,7 @@ void frmDefault::cmdAction_Click(Action action) {
             emit applied(chosen);
             break;
         }
-        case actionSave:
-            if (const std::optional<FileError> error = saveDialog(place_, values())) {
-                emit answered(saveWarning(*error));
-            }
-            break;
+        case actionSave: store_.save(values()); break;
         case actionMaker: showValues(setDialogMaker()); break;
     }
 }

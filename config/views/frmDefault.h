@@ -13,7 +13,6 @@
 #pragma once
 
 #include "config/settings.h"
-#include "core/answer.h"
 #include "platform/twips.h"
 
 #include <QDialog>
@@ -24,13 +23,15 @@
 class QAbstractButton;
 class QComboBox;
 class QPushButton;
+class SettingsStore;
 
 class frmDefault : public QDialog {
     Q_OBJECT
 
 public:
-    // Reads the file: a dialog that was unloaded and made anew shows what is saved.
-    frmDefault(SettingsPlace place, QWidget* owner);
+    // Reads the file: a dialog that was unloaded and made anew shows what is saved. The store tells what came of a save, also
+    // when the dialog has gone meanwhile.
+    frmDefault(SettingsStore& store, QWidget* owner);
 
     // Its place, counted from the main window's top left corner.
     static constexpr QPoint placeInMain{twips(4700), twips(4000)};
@@ -48,8 +49,6 @@ signals:
     void applied(const DialogValues& values);
     // The close box: the dialog is to be forgotten and made anew at its next use.
     void unloaded();
-    // A save failed; the dialog stays open.
-    void answered(const Answer& answer);
 
 public slots:
     // Escape is the close box.
@@ -72,7 +71,7 @@ private:
     void showValues(const DialogValues& values);
     void cmdAction_Click(Action action);
 
-    SettingsPlace place_;
+    SettingsStore& store_;
     std::array<QPushButton*, 4> cmdAction_{};
     QAbstractButton* optHF0_ = nullptr;
     // By row of the settings: one of the two, or none for a setting that is not shown.

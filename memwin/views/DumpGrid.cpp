@@ -202,11 +202,8 @@ void DumpGrid::paintWedges(QPainter& painter) const {
     painter.setPen(QColor::fromRgb(look::secondInk));
     constexpr int base = 8;
     for (const bool high : {false, true}) {
-        const QRect first = cellRect(high ? 8 : 0, Side::data);
-        const QRect last = cellRect(high ? 15 : 7, Side::data);
-        painter.drawLine(first.left(), base, last.right(), base);
-        for (int line = 1; line <= wedgeLines; ++line) {
-            const WedgeLine ends = wedgeLine(view_.bigEndian, high, line);
+        for (int line = 0; line <= wedgeLines; ++line) {
+            const WedgeLine ends = line == 0 ? wedgeBase(high) : wedgeLine(view_.bigEndian, high, line);
             painter.drawLine(hexLeft + twips(ends.left), base - line, hexLeft + twips(ends.right), base - line);
         }
     }
@@ -269,10 +266,6 @@ void DumpGrid::mouseMoveEvent(QMouseEvent* event) {
         unsetCursor();
         emit pointedNowhere();
     }
-}
-
-void DumpGrid::leaveEvent(QEvent* /*event*/) {
-    emit pointedNowhere();
 }
 
 void DumpGrid::mousePressEvent(QMouseEvent* event) {

@@ -51,6 +51,10 @@ TEST(HintPages, are_the_lines_that_are_no_comment) {
         readHintList("scr.bmp\tSCR\tignored\r\n;no.bmp\tno page\r\nno tab\r\n\r\nc.bmp\t C1CR C2CR \nint.bmp\tINT0R\re.bmp\t"),
         pages);
     EXPECT_TRUE(readHintList("").empty());
+    EXPECT_EQ(readHintList(";\n" + std::string(4 << 20, '\n')).size(), 99U);
+    EXPECT_EQ(readHintList(std::string(999, 'x') + "試\t" + std::string(2000, 'y'))[0],
+              (HintPage{std::string(999, 'x'), std::string(1000, 'y')}))
+        << "no half character";
     EXPECT_EQ(pageFor(pages, "C2CR"), 3U) << "a part of a caption";
     EXPECT_EQ(pageFor({{"a", "xSCRx"}, {"b", "SCR"}}, "SCR"), 0U) << "the first match wins";
     EXPECT_EQ(pageFor(pages, "BCR"), std::nullopt);

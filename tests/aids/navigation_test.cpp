@@ -14,6 +14,7 @@ TEST(Navigation, markers_colour_what_stands_behind_them) {
         const char* line;
         Runs runs;
     };
+    const std::string longLine = std::string(29999, 'x') + "赤";  // no half character
     const std::initializer_list<Row> rows{
         {"ABC#DEF&GHI", {{black, "ABC"}, {blue, "DEF"}, {black, "GHI"}}},
         {"\\WARN&", {{red, "WARN"}}},
@@ -23,6 +24,7 @@ TEST(Navigation, markers_colour_what_stands_behind_them) {
         {"#\\&\\赤", {{red, "赤"}}},
         {"青は#青&、赤は\\赤", {{black, "青は"}, {blue, "青"}, {black, "、赤は"}, {red, "赤"}}},
         {"", {}},
+        {longLine.c_str(), {{black, std::string(29999, 'x')}}},
     };
     for (const Row& row : rows) {
         EXPECT_EQ(markedRuns(row.line), row.runs) << row.line;
@@ -50,7 +52,9 @@ TEST(Navigation, a_tour_is_read_in_groups_of_three) {
     EXPECT_EQ(shownLine(oneLine, 0), "only");
     EXPECT_EQ(shownLine(oneLine, 1), "");
     EXPECT_EQ(shownLine(readTour(""), 0), "");
-    EXPECT_EQ(readTour(std::string(300000, '\n')).naviPages, 32767) << "as many as the number can tell";
+    const Tour longest = readTour(std::string(4 << 20, '\n'));
+    EXPECT_EQ(longest.naviPages, 32767) << "as many as the number can tell";
+    EXPECT_EQ(longest.naviLines.size(), 32767U * 3);
 }
 
 TEST(Navigation, the_index_names_a_tour_a_line) {
@@ -65,6 +69,14 @@ TEST(Navigation, the_index_names_a_tour_a_line) {
     EXPECT_FALSE(index[1].fileFound);
     EXPECT_EQ(index[2].title, "二番目");
     EXPECT_TRUE(index[2].fileFound);
+
+    std::string many;
+    for (int tour = 0; tour < 300000; ++tour) {
+        many += "T\tT\t\n";
+    }
+    int asked = 0;
+    EXPECT_EQ(readNaviIndex(many, [&asked](const std::string&) { return ++asked != 0; }).size(), 1U + 500);
+    EXPECT_EQ(asked, 500);
 }
 
 }  // namespace

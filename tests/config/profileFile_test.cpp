@@ -1,190 +1,137 @@
-// The profile file under the pen: what a new value changes, what it leaves alone, and saves that break in the middle.
+// The profile file: what is read from it, and under the pen: what a new value changes and what it leaves alone.
 
 #include "config/profileFile.h"
 
-#include "tests/config/tempFolder.h"
-
 #include <gtest/gtest.h>
 
-#include <csignal>
+#include <chrono>
 #include <vector>
-
-#ifdef __unix__
-#include <sys/wait.h>
-#include <unistd.h>
-#endif
 
 namespace {
 
-TEST(ProfileFile, a_new_value_changes_the_bytes_of_the_old_one_and_no_other) {
-    const std::string codePage = "; \x83\x5c\x83\x5d\r\n\x83\x5c=\x83\x5b\r\n";  // second bytes that are ASCII letters
-    struct Row {
-        std::string before;
-        std::string after;  // with KEY=42 set in section INIT
-    };
-    for (const auto& [before, after] : {
-             // where it stands
-             Row{"[INIT]\r\nA=1\r\nKEY=7\r\nB=2\r\n", "[INIT]\r\nA=1\r\nKEY=42\r\nB=2\r\n"},
-             Row{"\xEF\xBB\xBF[INIT]\nKEY=-7000", "\xEF\xBB\xBF[INIT]\nKEY=42"},
-             Row{"[OTHER]\nKEY=1\n[init]\n;KEY=2\n\t key \t= \t3 \t\n[MORE]\nKEY=4\n",
-                 "[OTHER]\nKEY=1\n[init]\n;KEY=2\n\t key \t= \t42 \t\n[MORE]\nKEY=4\n"},
-             Row{"[INIT]\nKEY=1\nKEY=2\n", "[INIT]\nKEY=42\nKEY=2\n"},
-             Row{"[INIT]\nKEY=\n", "[INIT]\nKEY=42\n"},
-             Row{"[INIT]\rKEY = \"7\" \rA=1\r", "[INIT]\rKEY = \"42\" \rA=1\r"},
-             Row{"[INIT]\nKEY=7 ; seven\nA=';'\n", "[INIT]\nKEY=42 ; seven\nA=';'\n"},
-             Row{"[INIT]\nKEY='7'\t; 'seven'\n", "[INIT]\nKEY='42'\t; 'seven'\n"},
-             Row{"[INIT]\nKEY= ; none\n", "[INIT]\nKEY=42 ; none\n"},
-             Row{"[INIT]\nKEY=\" ;\"\n", "[INIT]\nKEY=\"42\"\n"},
-             Row{codePage + "[INIT]\r\nKEY=7\r\n" + codePage, codePage + "[INIT]\r\nKEY=42\r\n" + codePage},
-             // behind the last line of its section
-             Row{"[INIT]\r\nA=1\r\n\r\n; more\r\n[MORE]\r\nKEY=1\r\n",
-                 "[INIT]\r\nA=1\r\nKEY=42\r\n\r\n; more\r\n[MORE]\r\nKEY=1\r\n"},
-             Row{"; alone\n[INIT]\n[MORE]\n[INIT]\nA=1\n", "; alone\n[INIT]\nKEY=42\n[MORE]\n[INIT]\nA=1\n"},
-             Row{"[INIT]\nA=1", "[INIT]\nA=1\nKEY=42"},
-             Row{"[INIT]", "[INIT]\r\nKEY=42"},
-             // with its section
-             Row{"", "[INIT]\r\nKEY=42\r\n"},
-             Row{"\xEF\xBB\xBF", "\xEF\xBB\xBF[INIT]\r\nKEY=42\r\n"},
-             Row{"[MORE]\nKEY=1\n", "[MORE]\nKEY=1\n[INIT]\nKEY=42\n"},
-             Row{"KEY=1\n[MORE]", "KEY=1\n[MORE]\n[INIT]\nKEY=42\n"},
-         }) {
-        ProfileFile profile(before);
-        profile.setValue("INIT", "KEY", "42");
-        EXPECT_EQ(profile.bytes(), after);
-        EXPECT_EQ(profile.value("INIT", "KEY"), "42") << before;
+// Latin text as UTF-16, by its byte order, with the mark.
+std::string utf16(const std::string& text, bool big) {
+    std::string bytes = big ? "\xFE\xFF" : "\xFF\xFE";
+    for (const char c : text) {
+        bytes += big ? std::string{'\0', c} : std::string{c, '\0'};
     }
+    return bytes;
 }
 
-class ProfileSave : public TempFolder {
-protected:
-    ProfileSave() : path(folder / "VRB_TS2.INI") {}
-
-    std::size_t filesInFolder() const {
-        return static_cast<std::size_t>(std::distance(fs::directory_iterator(folder), fs::directory_iterator()));
-    }
-
-    fs::path path;
-    std::string before = "[INIT]\nA=1\n";
-    // Three blocks of a save.
-    ProfileFile profile{"[INIT]\nA=2\n;" + std::string(10000, 'x')};
+struct Row {
+    std::string before;
+    int number;         // of KEY in section INIT
+    std::string after;  // with KEY=42
 };
 
-const std::vector<SaveStep> allSteps{SaveStep::folder, SaveStep::create, SaveStep::write, SaveStep::write,
-                                     SaveStep::write,  SaveStep::flush,  SaveStep::close, SaveStep::permissions,
-                                     SaveStep::rename, SaveStep::settle};
+std::vector<Row> rows() {
+    const std::string codePage = "; \x83\x5c\x83\x5d\r\n\x83\x5c=\x83\x5b\r\n";  // second bytes that are ASCII letters
+    const std::string half = std::string("\x3d\xd8\x00\x00", 4);                 // half a character, and one that is 0
+    std::vector<Row> rows{
+        // where it stands
+        {"[INIT]\r\nA=1\r\nKEY=7\r\nB=2\r\n", 7, "[INIT]\r\nA=1\r\nKEY=42\r\nB=2\r\n"},
+        {"\xEF\xBB\xBF; 設定\n[INIT]\n日本=1\nKEY=-7000", -7000, "\xEF\xBB\xBF; 設定\n[INIT]\n日本=1\nKEY=42"},
+        {"[OTHER]\nKEY=1\n [init] \n;KEY=2\n\t key \t= \t3 \t\n[MORE]\nKEY=4\n", 3,
+         "[OTHER]\nKEY=1\n [init] \n;KEY=2\n\t key \t= \t42 \t\n[MORE]\nKEY=4\n"},
+        {"[INIT]\nKEY=1\nKEY=2\n", 1, "[INIT]\nKEY=42\nKEY=2\n"},
+        {"[INIT]\nKE=1\nKEYS=1\nKEY=3=1\n", 3, "[INIT]\nKE=1\nKEYS=1\nKEY=42\n"},
+        {"[\n[]\n]\n=\n[INIT]\n]\n=\n\nno equals sign\nKEY=3\n", 3, "[\n[]\n]\n=\n[INIT]\n]\n=\n\nno equals sign\nKEY=42\n"},
+        {"[INIT]\nKEY=\n", 0, "[INIT]\nKEY=42\n"},
+        {"[INIT]\rKEY = \"7\" \rA=1\r", 7, "[INIT]\rKEY = \"42\" \rA=1\r"},
+        {"[INIT]\nKEY=7 ; seven\nA=';'\n", 7, "[INIT]\nKEY=42 ; seven\nA=';'\n"},
+        {"[INIT]\nKEY='7'\t; 'seven'\n", 7, "[INIT]\nKEY='42'\t; 'seven'\n"},
+        {"[INIT]\nKEY= ; none\n", 0, "[INIT]\nKEY=42 ; none\n"},
+        {"[INIT]\nKEY=\" ;\"\n", 0, "[INIT]\nKEY=\"42\"\n"},
+        {codePage + "[INIT]\r\n" + codePage + "KEY=7\r\n", 7, codePage + "[INIT]\r\n" + codePage + "KEY=42\r\n"},
+        {std::string("[INIT]\n\0\0\nKEY=3\n\0", 18), 3, std::string("[INIT]\n\0\0\nKEY=42\n\0", 19)},
+        // behind the last line of its section
+        {"[INIT]\r\nA=1\r\n\r\n; more\r\n[MORE]\r\nKEY=1\r\n", 0, "[INIT]\r\nA=1\r\nKEY=42\r\n\r\n; more\r\n[MORE]\r\nKEY=1\r\n"},
+        {"; alone\n[INIT]\n[MORE]\n[INIT]\nA=1\n", 0, "; alone\n[INIT]\nKEY=42\n[MORE]\n[INIT]\nA=1\n"},
+        {"[INIT]\nA=1", 0, "[INIT]\nA=1\nKEY=42"},
+        {"[INIT]", 0, "[INIT]\r\nKEY=42"},
+        // with its section
+        {"", 0, "[INIT]\r\nKEY=42\r\n"},
+        {"\xEF\xBB\xBF", 0, "\xEF\xBB\xBF[INIT]\r\nKEY=42\r\n"},
+        {"[INITIAL]\nKEY=1\n", 0, "[INITIAL]\nKEY=1\n[INIT]\nKEY=42\n"},
+        {"KEY=1\n[MORE]", 0, "KEY=1\n[MORE]\n[INIT]\nKEY=42\n"},
+    };
+    for (const bool big : {false, true}) {
+        rows.push_back({utf16("[INIT]\r\nKEY=7 ; 7\r\n", big) + half, 7, utf16("[INIT]\r\nKEY=42 ; 7\r\n", big) + half});
+        rows.push_back({utf16("", big), 0, utf16("[INIT]\r\nKEY=42\r\n", big)});
+        rows.push_back({utf16("[INIT]\nKEY=1", big) + "\n", 1, utf16("[INIT]\nKEY=42", big) + "\n"});  // an odd byte at its end
+    }
+    rows.push_back({utf16("; ", false) + "\x2D\x8A\x9A\x5B" + utf16("\n[INIT]\nKEY=7", false).substr(2), 7,
+                    utf16("; ", false) + "\x2D\x8A\x9A\x5B" + utf16("\n[INIT]\nKEY=42", false).substr(2)});  // 設定
+    return rows;
+}
 
-TEST_F(ProfileSave, that_fails_at_any_step_leaves_the_old_file_and_says_why) {
-    for (std::size_t failing = 0; failing < allSteps.size(); ++failing) {
-        SCOPED_TRACE(failing);
-        put(path, before);
-        std::vector<SaveStep> seen;
-        const auto error = saveProfileFile(path, profile, [&](SaveStep step) {
-            seen.push_back(step);
-            return seen.size() == failing + 1 ? std::make_error_code(std::errc::no_space_on_device) : std::error_code();
-        });
-        EXPECT_EQ(seen, std::vector(allSteps.begin(), allSteps.begin() + static_cast<std::ptrdiff_t>(failing) + 1));
-        EXPECT_EQ(filesInFolder(), 1U) << "nothing is left beside it";
-        if (allSteps[failing] == SaveStep::settle) {
-            EXPECT_FALSE(error);
-            EXPECT_EQ(bytesOf(path), profile.bytes());
-            continue;
-        }
-        EXPECT_EQ(bytesOf(path), before);
-        ASSERT_TRUE(error);
-        EXPECT_EQ(error->file, path);
-        EXPECT_EQ(error->reason, std::errc::no_space_on_device);
+TEST(ProfileFile, is_read_in_every_form_and_a_new_value_changes_the_bytes_of_the_old_one_and_no_other) {
+    for (const Row& row : rows()) {
+        ProfileFile profile(row.before);
+        EXPECT_EQ(profile.bytes(), row.before);
+        EXPECT_EQ(profile.readProfileValue("INIT", "KEY"), row.number) << row.before;
+        profile.writeProfileValue("INIT", "KEY", "42");
+        EXPECT_EQ(profile.bytes(), row.after);
+        EXPECT_EQ(profile.readProfileValue("INIT", "KEY"), 42) << row.before;
     }
 }
 
-#ifdef __unix__
-TEST_F(ProfileSave, that_is_killed_at_any_step_leaves_the_old_file_or_the_new_one) {
-    for (std::size_t last = 0; last < allSteps.size(); ++last) {
-        SCOPED_TRACE(last);
-        put(path, before);
-        const pid_t child = fork();
-        ASSERT_GE(child, 0);
-        if (child == 0) {
-            std::size_t step = 0;
-            saveProfileFile(path, profile, [&](SaveStep) {
-                if (step++ == last) {
-                    raise(SIGKILL);
-                }
-                return std::error_code();
-            });
-            _exit(0);
-        }
-        int status = 0;
-        waitpid(child, &status, 0);
-        ASSERT_TRUE(WIFSIGNALED(status));
-        EXPECT_EQ(bytesOf(path), allSteps[last] == SaveStep::settle ? profile.bytes() : before);
-        EXPECT_FALSE(saveProfileFile(path, profile)) << "what the kill left is in nobody's way";
-        EXPECT_EQ(bytesOf(path), profile.bytes());
+TEST(ProfileFile, is_read_at_once_however_long_its_lines_are) {
+    constexpr int much = 1 << 18;
+    std::string comments;
+    for (int pair = 0; pair < much; ++pair) {
+        comments += " ;";
     }
+    const std::string blanks(much, ' ');
+    const auto before = std::chrono::steady_clock::now();
+    for (const auto& [line, number] : {std::pair{"KEY=" + blanks + "\"" + comments, 0},
+                                       {"KEY=" + blanks + "3" + comments, 3},
+                                       {"KEY=3" + blanks, 3},
+                                       {blanks + "KEY" + blanks + "=3", 3},
+                                       {std::string(much, '[') + "\nKEY=3", 0},
+                                       {std::string(much, '\n') + "KEY=3", 3},
+                                       {"KEY=" + std::string(254, '0') + "3", 3},
+                                       {"KEY=" + std::string(255, '0') + "3", 0}}) {
+        EXPECT_EQ(ProfileFile("[INIT]\n" + line).readProfileValue("INIT", "KEY"), number) << line.substr(0, 40);
+    }
+    EXPECT_LT(std::chrono::steady_clock::now() - before, std::chrono::seconds(2));
 }
 
-TEST_F(ProfileSave, of_two_programs_at_once_leaves_one_of_their_files_whole) {
-    constexpr int saves = 200;
-    put(path, profile.bytes());
-    const ProfileFile other("[INIT]\nA=3\n;" + std::string(20000, 'y'));
-    const pid_t child = fork();
-    ASSERT_GE(child, 0);
-    if (child == 0) {
-        bool failed = false;
-        for (int done = 0; done < saves; ++done) {
-            failed = saveProfileFile(path, other).has_value() || failed;
-        }
-        _exit(failed ? 1 : 0);
+TEST(ProfileFile, a_number_is_what_the_text_begins_with) {
+    for (const auto& [text, number] : {std::pair{"12", 12},
+                                       {"12abc", 12},
+                                       {"abc", 0},
+                                       {"", 0},
+                                       {"-1", -1},
+                                       {"+7", 7},
+                                       {"  5 ", 5},
+                                       {"\t5", 5},
+                                       {"007", 7},
+                                       {"--1", 0},
+                                       {"0x10", 0},
+                                       {"&H10", 0},
+                                       {"1e3", 1},
+                                       {"1d3", 1},
+                                       {"3;4", 3},
+                                       {"0.5", 0},
+                                       {"0.51", 1},
+                                       {"1.5", 2},
+                                       {"2.5", 2},
+                                       {"2.51", 3},
+                                       {"2.49", 2},
+                                       {"-0.5", 0},
+                                       {"-1.5", -2},
+                                       {"-2.5", -2},
+                                       {".9", 1},
+                                       {"2.5.1", 2},
+                                       {".", 0},
+                                       {"-", 0},
+                                       {"1,9", 1},
+                                       {"32767.4", 32767},
+                                       {"4294967297", 2147483647},
+                                       {"-99999999999999999999", -2147483647}}) {
+        EXPECT_EQ(leadingNumber(text), number) << "\"" << text << "\"";
     }
-    for (int done = 0; done < saves; ++done) {
-        EXPECT_FALSE(saveProfileFile(path, profile));
-        const std::string found = bytesOf(path);
-        ASSERT_TRUE(found == profile.bytes() || found == other.bytes()) << found.size() << " bytes";
-    }
-    int status = 0;
-    waitpid(child, &status, 0);
-    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
-    EXPECT_EQ(filesInFolder(), 1U);
-}
-#endif
-
-TEST_F(ProfileSave, makes_the_folders_and_keeps_permissions_and_links) {
-    const fs::path deep = folder / "user" / "config" / "VRB_TS2.INI";
-    EXPECT_FALSE(saveProfileFile(deep, profile));
-    EXPECT_EQ(bytesOf(deep), profile.bytes());
-
-    constexpr fs::perms ownersAlone = fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read;
-    fs::permissions(deep, ownersAlone);
-    fs::create_symlink(deep, path);
-    EXPECT_FALSE(saveProfileFile(path, ProfileFile(before)));
-    EXPECT_TRUE(fs::is_symlink(path));
-    EXPECT_EQ(bytesOf(deep), before);
-    EXPECT_EQ(fs::status(deep).permissions(), ownersAlone);
-
-    fs::permissions(deep, fs::perms::owner_read | fs::perms::group_read);
-    for (const fs::path& name : {deep, path}) {
-        const auto error = saveProfileFile(name, profile);
-        ASSERT_TRUE(error) << "who protects a file means it";
-        EXPECT_EQ(error->reason, std::errc::permission_denied);
-    }
-    EXPECT_EQ(bytesOf(deep), before);
-}
-
-TEST_F(ProfileSave, and_read_name_what_is_in_the_way) {
-    const auto errorOf = [](const std::optional<FileError>& error) { return error ? error->reason : std::error_code(); };
-    fs::create_directory(path);
-    EXPECT_EQ(errorOf(saveProfileFile(path, profile)), std::errc::is_a_directory);
-    EXPECT_EQ(errorOf(readProfileFile(path, profile)), std::errc::is_a_directory);
-    EXPECT_EQ(profile.bytes(), "");
-    EXPECT_EQ(filesInFolder(), 1U);
-    fs::remove(path);
-    EXPECT_FALSE(readProfileFile(path, profile)) << "a missing file is none to complain of";
-
-    put(path, before);
-    EXPECT_EQ(errorOf(saveProfileFile(path / "below" / "it", profile)), std::errc::not_a_directory);
-    EXPECT_EQ(errorOf(saveProfileFile(path, ProfileFile(std::string((1 << 20) + 1, ' ')))), std::errc::file_too_large);
-    EXPECT_EQ(bytesOf(path), before);
-    put(path, std::string((1 << 20) + 1, ' '));
-    EXPECT_EQ(errorOf(readProfileFile(path, profile)), std::errc::file_too_large);
 }
 
 }  // namespace

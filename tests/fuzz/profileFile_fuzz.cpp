@@ -1,5 +1,5 @@
 // Noise at the settings file. Whatever the bytes: they are read within the table's limits, every setting can be saved into
-// them and read again, a second save changes nothing, and what is not a setting keeps its value.
+// them and read again, a second save changes nothing, what is not a setting keeps its value, and unchanged bytes stay.
 
 #include "config/settings.h"
 #include "tests/fuzz/demand.h"
@@ -14,9 +14,11 @@ constexpr std::array<std::pair<const char*, const char*>, 4> notOurs{
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const ProfileFile before(std::string(data, data + size));
+    const std::string bytes(data, data + size);
+    const ProfileFile before(bytes);
+    demand(before.bytes() == bytes);
     Machine machine;
-    takeSettings(machine, before);
+    readSettings(machine, before);
     const DialogValues shown = loadDialog(before);
     ProfileFile after = before;
     for (std::size_t row = 0; row < settings.size(); ++row) {
@@ -24,20 +26,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         const int taken = setting.variable(machine);
         demand(setting.list.count == 0 || (taken >= 0 && taken < setting.list.count));
         demand(setting.control.empty() || shown[row] == (setting.list.count == 0 ? int{taken > 0} : taken));
-        if (!setting.control.empty()) {
-            after.setValue(settingsSection, setting.key, std::to_string(shown[row]));
-        }
     }
-    demand(loadDialog(after) == shown);
+    saveDialog(after, shown);
+    demand(loadDialog(after) == shown && loadDialog(ProfileFile(after.bytes())) == shown);
     for (const auto& [section, key] : notOurs) {
-        demand(after.value(section, key) == before.value(section, key));
+        demand(after.valueText(section, key) == before.valueText(section, key));
     }
     const std::string once = after.bytes();
-    for (std::size_t row = 0; row < settings.size(); ++row) {
-        if (!settings[row].control.empty()) {
-            after.setValue(settingsSection, settings[row].key, std::to_string(shown[row]));
-        }
-    }
+    saveDialog(after, shown);
     demand(after.bytes() == once);
     return 0;
 }

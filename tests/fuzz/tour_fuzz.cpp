@@ -2,6 +2,7 @@
 // the markers, no run is empty, and a third line is either read whole or names what is wrong with it.
 
 #include "aids/navigation.h"
+#include "aids/textLines.h"
 #include "aids/tourLanguage.h"
 #include "tests/fuzz/demand.h"
 
@@ -12,7 +13,7 @@ namespace {
 void lookAt(const Tour& tour) {
     for (std::size_t row = 0; row < linesAPage; ++row) {
         const std::string_view line = shownLine(tour, row);
-        std::string text(line.substr(0, 30000));
+        std::string text(beginning(line, 30000));
         std::erase_if(text, [](char sign) { return sign == '&' || sign == '#' || sign == '\\'; });
         std::string runs;
         for (const TextRun& run : markedRuns(line)) {
@@ -31,7 +32,7 @@ void lookAt(const Tour& tour) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     Tour tour = readTour(std::string(data, data + size));
-    demand(tour.naviPages >= 0);
+    demand(tour.naviPages >= 0 && tour.naviLines.size() <= 3 * 32767);
     int turned = 0;
     while (hasPageBehind(tour)) {
         lookAt(tour);

@@ -108,7 +108,7 @@ BenchPart* TourPlayer::part(const Statement& s) {
 void TourPlayer::hold(const Statement& s) {
     held_ = part(s);
     heldAt_ = hand().at(*held_);
-    held_->answers().heldByDouble ? hand().doublePress(*held_) : hand().press(*held_);
+    held_->reactions().heldByDouble ? hand().doublePress(*held_) : hand().press(*held_);
 }
 
 void TourPlayer::pick(const Statement& s) {

@@ -84,7 +84,7 @@ TEST_F(Aids, a_picture_that_cannot_be_shown_says_why) {
     makePicture("Kairozu/QDA73_FULL.BMP", 5000);
     start(withoutHints);
     for (const auto& [index, reason] : {std::pair{0, "QDA60_FULL_16BIT.BMP が見つかりません。"},
-                                        {2, "QDA41_NEST.BMP は画像として読めません。"},
+                                        {2, "QDA41_NEST.BMP は BMP 形式の画像として読めません。"},
                                         {3, "QDA73_FULL.BMP は大きすぎます。"}}) {
         emit program->bench().bench()->diagramWanted(index);
         EXPECT_TRUE(diagram().isVisible());
@@ -137,29 +137,13 @@ TEST_F(Aids, without_hint_files_the_book_has_one_empty_page) {
     EXPECT_EQ(hint().page(), 0);
 }
 
-TEST(TextFile, is_read_in_either_encoding_and_never_at_any_length) {
-    const QTemporaryDir folder;
-    const std::filesystem::path path = folder.filePath("text").toStdString();
-    const auto read = [&](const std::string& bytes) {
-        std::ofstream(path, std::ios::binary) << bytes;
-        return readTextFile(path);
-    };
-    EXPECT_EQ(read("\xEF\xBB\xBF試験"), "試験") << "the mark is no text";
-    EXPECT_EQ(read("試験"), "試験");
-    EXPECT_EQ(read("\x8e\x8e\x8c\xb1"), "試験") << "Japanese code page";
-    EXPECT_TRUE(read("\xff\xff").has_value());
-    EXPECT_EQ(read(std::string(50'000'000, 'x')), std::nullopt);
-    EXPECT_EQ(readTextFile(path / "none"), std::nullopt);
-}
-
 // What the build puts beside the program: every picture that the tables name, in the size that its window is made for.
 TEST(ThePicturesBesideTheProgram, are_all_there) {
     const std::filesystem::path bin = VRB_BIN;
     Machine machine;
     const auto readable = [&](const char* folder, const std::string& name, qreal ratio) {
-        PictureFile file = loadPicture(bin / folder, QString::fromStdString(name), ratio);
-        const QImage picture = decodePicture(file, QString::fromStdString(name));
-        EXPECT_FALSE(picture.isNull()) << name << ": " << file.reason.toStdString();
+        const auto [picture, reason] = loadPicture(bin / folder, QString::fromStdString(name), ratio);
+        EXPECT_FALSE(picture.isNull()) << reason.toStdString();
         EXPECT_EQ(picture.devicePixelRatio(), ratio) << name;
         EXPECT_TRUE(std::filesystem::exists(bin / folder / name)) << name << " in exactly these letters";
         return picture.deviceIndependentSize();

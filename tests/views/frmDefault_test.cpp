@@ -2,7 +2,8 @@
 
 #include "config/views/frmDefault.h"
 
-#include "tests/config/tempFolder.h"
+#include "config/views/SettingsStore.h"
+#include "tests/tempFolder.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -82,7 +83,7 @@ protected:
         open();
     }
     void open() {
-        dialog = std::make_unique<frmDefault>(folder, &owner);
+        dialog = std::make_unique<frmDefault>(store, &owner);
         dialog->openAt({100, 80});
     }
 
@@ -91,7 +92,13 @@ protected:
     Widget& find(const char* name) {
         return *dialog->findChild<Widget*>(name);
     }
-    void press(frmDefault::Action action) { QTest::mouseClick(&dialog->cmdAction(action), Qt::LeftButton); }
+    // A save is waited for.
+    void press(frmDefault::Action action) {
+        QTest::mouseClick(&dialog->cmdAction(action), Qt::LeftButton);
+        while (store.saving()) {
+            QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        }
+    }
     // Ticks a box, or walks down a list.
     void choose(const ControlRow& row) {
         if (row.items == 0) {
@@ -115,6 +122,7 @@ protected:
     }
 
     QWidget owner;
+    SettingsStore store{folder};
     std::unique_ptr<frmDefault> dialog;
 };
 
@@ -225,7 +233,7 @@ TEST_F(DefaultDialog, apply_hands_its_values_over_and_leaves_the_file) {
 
 TEST_F(DefaultDialog, a_save_keeps_it_open_and_one_that_fails_says_so) {
     open();
-    QSignalSpy answered(dialog.get(), &frmDefault::answered);
+    QSignalSpy answered(&store, &SettingsStore::answered);
     QSignalSpy applied(dialog.get(), &frmDefault::applied);
     press(frmDefault::actionMaker);
     EXPECT_FALSE(fs::exists(file())) << "the maker's values wait in the controls";

@@ -1,4 +1,5 @@
 #include "platform/look.h"
+#include "platform/standardTexts.h"
 
 #include <QApplication>
 #include <gtest/gtest.h>
@@ -10,5 +11,6 @@ int main(int argc, char** argv) {
     QApplication::setQuitOnLastWindowClosed(false);
     look::addFonts(VRB_BIN "/fonts");  // where the build puts them: the tests measure texts
     look::applyTo(application);
+    speakJapanese(application);
     return RUN_ALL_TESTS();
 }

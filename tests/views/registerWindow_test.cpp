@@ -172,7 +172,7 @@ TEST_F(RegisterWindow, a_written_value_ends_black_and_a_refused_one_is_said) {
     fire();
     EXPECT_FALSE(machine().scanRunning);
     write(rowBCR, frmRegister::valLow, "0003");
-    ASSERT_TRUE(program->aids().dialog()->isVisible());
+    ASSERT_TRUE(isUp(program->aids().dialog()));
     EXPECT_EQ(program->aids().dialog()->findChild<QLabel*>("lblMessage")->text(),
               "\nＢＣＲレジスタのフル/ハーフ設定がハードウェア設定と一致していません。\n\n"
               "ハードウェアの設定を変更するか、ＢＣＲの値を変更するまで開始しません。");

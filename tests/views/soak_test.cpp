@@ -177,7 +177,7 @@ void Soak::onBench() {
     const BenchHand hand(*program->bench().bench());
     std::vector<BenchPart*> parts;
     for (BenchPart* part : program->bench().bench()->view().parts()) {
-        if (part->isVisible() && part->answers().any()) {
+        if (part->isVisible() && part->reactions().any()) {
             parts.push_back(part);
         }
     }

@@ -1,0 +1,150 @@
+#include "boards/views/BenchScene.h"
+
+#include "boards/views/BenchLabel.h"
+#include "platform/labels.h"
+
+#include <QGraphicsPixmapItem>
+#include <QGraphicsSimpleTextItem>
+#include <QPainter>
+
+#include <algorithm>
+
+namespace {
+
+constexpr qreal matHeight = -5;
+constexpr qreal shadowHeight = -4;
+constexpr qreal shadowOffset = 5;
+
+// A soft shadow, dense where the card lies and fading over its outer pixels.
+class Shadow : public QGraphicsItem {
+public:
+    explicit Shadow(const QRectF& card) : rect_(QPointF(), card.size()) {
+        setPos(card.topLeft() + QPointF(shadowOffset, shadowOffset));
+        setZValue(shadowHeight);
+    }
+    QRectF boundingRect() const override { return rect_.adjusted(-1, -1, 1, 1); }
+    void paint(QPainter* painter, const QStyleOptionGraphicsItem* /*option*/, QWidget* /*widget*/) override {
+        constexpr int layers = 4;
+        constexpr qreal corner = 5;
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->setPen(Qt::NoPen);
+        painter->setBrush(QColor(0x14, 0x20, 0x26, 34));
+        for (int layer = 0; layer < layers; ++layer) {
+            painter->drawRoundedRect(rect_.adjusted(layer, layer, -layer, -layer), corner, corner);
+        }
+    }
+
+private:
+    QRectF rect_;
+};
+
+}  // namespace
+
+BenchScene::BenchScene(BenchPart::Reactions (*reactionsOf)(const PartRow& row)) : mat_(addPixmap({})) {
+    mat_->setZValue(matHeight);
+    makeCards();
+    makeParts(reactionsOf);
+    for (const LabelRow& row : benchLabels()) {
+        labels_.push_back(new BenchLabel(row, cards_[row.card].picBoard));
+    }
+    makePortLabels();
+}
+
+void BenchScene::makeCards() {
+    for (std::size_t card = 0; card < cardCount; ++card) {
+        const CardRow& row = cardRows[card];
+        if (row.drawing == nullptr) {
+            continue;
+        }
+        cards_[card].picShadow = new Shadow(row.place);
+        addItem(cards_[card].picShadow);
+        cards_[card].picBoard = addPixmap({});
+        cards_[card].picBoard->setPos(row.place.topLeft());
+        cards_[card].picBoard->setTransformationMode(Qt::SmoothTransformation);
+    }
+    // The frame of the power LEDs explains itself as they do, print included.
+    constexpr QRectF powerFrame{34, 20, 150, 42};
+    auto* frame = new QGraphicsRectItem(powerFrame, cards_[card::panel].picBoard);
+    frame->setPen(Qt::NoPen);
+    frame->setToolTip(textOf(powerFrameTip));
+}
+
+void BenchScene::makeParts(BenchPart::Reactions (*reactionsOf)(const PartRow& row)) {
+    for (const PartRow& row : benchParts()) {
+        QGraphicsItem* card = row.card < cardCount ? cards_[row.card].picBoard : nullptr;
+        auto* part = new BenchPart(row, images_, reactionsOf(row), card);
+        if (card == nullptr) {
+            addItem(part);  // in the order of the rows: what comes later lies over what comes before
+        }
+        connect(part, &BenchPart::touched, this, &BenchScene::touched);
+        parts_.push_back(part);
+    }
+}
+
+void BenchScene::makePortLabels() {
+    for (const std::size_t index : {0U, 1U}) {
+        constexpr QPointF place{4, 7};
+        constexpr int pixelSize = 12;
+        auto* text = new QGraphicsSimpleTextItem(QStringLiteral("RXD%1").arg(index + 1), part("picBOARD1_RXD", index));
+        text->setFont(benchFont(pixelSize));
+        text->setBrush(Qt::white);
+        text->setPos(place);
+        text->setAcceptedMouseButtons(Qt::NoButton);
+        text->hide();
+        portLabels_[index] = text;
+    }
+}
+
+BenchPart* BenchScene::part(std::string_view name, std::size_t index) const {
+    const auto found = std::find_if(parts_.begin(), parts_.end(), [&](const BenchPart* candidate) {
+        return candidate->row().index == index && candidate->row().family->name == name;
+    });
+    return found != parts_.end() ? *found : nullptr;
+}
+
+BenchLabel* BenchScene::label(std::string_view name, std::size_t index) const {
+    const auto found = std::find_if(labels_.begin(), labels_.end(), [&](const BenchLabel* candidate) {
+        return candidate->row().index == index && candidate->row().name == name;
+    });
+    return found != labels_.end() ? *found : nullptr;
+}
+
+int BenchScene::refresh(const Machine& machine) {
+    int differing = 0;
+    for (std::size_t card = 0; card < cardCount; ++card) {
+        QGraphicsItem* board = cards_[card].picBoard;
+        if (board != nullptr && board->isVisible() != cardVisible(machine, card)) {
+            board->setVisible(!board->isVisible());
+            cards_[card].picShadow->setVisible(board->isVisible());
+            ++differing;
+        }
+    }
+    for (BenchPart* part : parts_) {
+        differing += part->refresh(machine) ? 1 : 0;
+    }
+    for (BenchLabel* label : labels_) {
+        differing += label->refresh(machine) ? 1 : 0;
+    }
+    return differing;
+}
+
+void BenchScene::rescale(qreal scale) {
+    if (!images_.setScale(scale) && !mat_->pixmap().isNull()) {
+        return;
+    }
+    mat_->setPixmap(images_.image("benchMat", 1));
+    for (std::size_t card = 0; card < cardCount; ++card) {
+        if (cards_[card].picBoard != nullptr) {
+            cards_[card].picBoard->setPixmap(images_.image(cardRows[card].drawing, 1));
+        }
+    }
+    for (BenchPart* part : parts_) {
+        part->reloadPicture();
+    }
+}
+
+void BenchScene::drawPortLabels() {
+    for (QGraphicsItem* label : portLabels_) {
+        label->show();
+    }
+}
