@@ -351,6 +351,9 @@ TEST_F(Files, of_settings_lie_beside_the_program_or_with_the_user_in_any_case_of
     EXPECT_EQ(own.saved(), folder / "vrb_ts2.ini");
     EXPECT_EQ(own.toRead(), own.saved());
     EXPECT_EQ(SettingsPlace(folder / "missing", user).saved(), user / "VRB_TS2.INI");
+    put(folder / uninstallerName, "");
+    EXPECT_EQ(SettingsPlace(folder, user).saved(), user / "VRB_TS2.INI") << "the installer's folder";
+    fs::remove(folder / uninstallerName);
 
     fs::permissions(folder, fs::perms(0555));
     const SettingsPlace installed = asAnybody([&] { return SettingsPlace(folder, user); });
