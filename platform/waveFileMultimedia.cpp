@@ -26,8 +26,6 @@ private:
 
 }  // namespace
 
-const bool wavesArePlayed = true;
-
 std::unique_ptr<WaveFile> openWaveFile(const QString& file) {
     return QMediaDevices::defaultAudioOutput().isNull() ? nullptr : std::make_unique<EffectWave>(file);
 }

@@ -1,7 +1,5 @@
 #include "platform/waveFile.h"
 
-const bool wavesArePlayed = false;
-
 std::unique_ptr<WaveFile> openWaveFile(const QString& /*file*/) {
     return nullptr;
 }

@@ -66,7 +66,6 @@ void Program::runNextStep() {
 void Program::addStartSteps() {
     steps_.emplace_back([this] {
         readSettings();
-        openSound();
         aids_.openStartPanel();
     });
     loadWindows();
@@ -76,6 +75,8 @@ void Program::addStartSteps() {
         refreshAll();
         tellOfFonts();
     });
+    // Behind the windows: asking for the device can take longer than all of them. Until then the system beeps.
+    steps_.emplace_back([this] { openSound(); });
 }
 
 void Program::readSettings() {
