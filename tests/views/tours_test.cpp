@@ -136,7 +136,7 @@ TEST_F(Played, worked_values_of_the_hint_pages_hold) {
         player->play(text.mid(end + 1).toStdString());
         EXPECT_FALSE(player->checked().empty());
     }
-    EXPECT_EQ(pages.size(), 12U) << "a page without a worked value";
+    EXPECT_EQ(pages.size(), 16U) << "a page without a worked value";
 }
 
 }  // namespace
