@@ -31,7 +31,7 @@ Program::Program(const std::filesystem::path& folder, const std::filesystem::pat
       registers_(machine_, frmMDI_),
       memory_(machine_, frmMDI_.area(), frmMDI_),
       bench_(machine_, frmMDI_.area(), frmMDI_),
-      sight_(bench_, memory_),
+      sight_({registers_, memory_, bench_, aids_, settings_}),
       aids_(machine_, frmMDI_.area(), frmMDI_, folder, sight_),
       settings_(store_, frmMDI_),
       walk_(frmMDI_) {
