@@ -12,7 +12,7 @@ function(vrb_tidy)
       set(stamp ${CMAKE_CURRENT_BINARY_DIR}/tidy/${stamp}.stamp)
       file(GLOB_RECURSE headers CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/core/*.h ${PROJECT_SOURCE_DIR}/access/*.h
            ${PROJECT_SOURCE_DIR}/boards/*.h ${PROJECT_SOURCE_DIR}/config/*.h ${PROJECT_SOURCE_DIR}/aids/*.h
-           ${PROJECT_SOURCE_DIR}/memwin/*.h ${PROJECT_SOURCE_DIR}/platform/*.h)
+           ${PROJECT_SOURCE_DIR}/memwin/*.h ${PROJECT_SOURCE_DIR}/platform/*.h ${PROJECT_SOURCE_DIR}/program/*.h)
       add_custom_command(
         OUTPUT ${stamp}
         COMMAND ${CLANG_TIDY} --quiet --extra-arg=-Wno-unknown-warning-option -p ${CMAKE_BINARY_DIR} ${PROJECT_SOURCE_DIR}/${source}

@@ -25,7 +25,6 @@ inline constexpr QRgb brandGreen = 0xff1f7348;
 inline constexpr QRgb workspace = 0xffa9b5b1;
 inline constexpr QRgb toolStrip = 0xffe4eae7;
 inline constexpr QRgb windowFace = 0xffeef2f0;
-inline constexpr QRgb windowLine = 0xff6f7d77;
 inline constexpr QRgb zebra = 0xfff5f8f6;
 inline constexpr QRgb popupFace = 0xffffffcc;
 inline constexpr QRgb popupLine = 0xff8a7a2a;

@@ -14,7 +14,6 @@
 class DeskArea;
 class QMdiArea;
 class TickTrack;
-class QLabel;
 class QMessageBox;
 
 // The labels of the tool strip that lead to a window.

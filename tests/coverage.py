@@ -15,7 +15,7 @@ from collections import defaultdict
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent
-ROOMS = ["access", "aids", "boards", "config", "core", "memwin", "platform"]
+ROOMS = ["access", "aids", "boards", "config", "core", "memwin", "platform", "program"]
 BEHIND = 80
 
 
