@@ -4,14 +4,10 @@
 
 namespace {
 
-constexpr std::uint8_t hazardOn = 0x10;  // of either half of HPR
-constexpr std::uint8_t hazardBufferUsed = 0x01;
-
 constexpr int coveredFrom = doBase;
 constexpr int writeCoveredTo = 0x4FE;  // an index
 constexpr int readCoveredTo = 0x4FF;   // a bus address
 
-constexpr int cellsPerArea = 128;
 constexpr std::size_t digitsOfAddress = 3;
 
 constexpr std::string_view fromBuffer = "リードテンポラリバッファからデータを取得しました。";
@@ -24,17 +20,17 @@ void emptyWriteBuffer(Machine& machine) {
     memoryAt(machine, reg::hprHigh) &= hazardOn;
 }
 
-WriteResult writeWord(Machine& machine, int address, int value) {
-    WriteResult result;
+Answer writeWord(Machine& machine, int address, int value) {
+    Answer answer;
     const auto high = static_cast<std::uint8_t>(value >> 8);
     memoryAt(machine, address) = static_cast<std::uint8_t>(value);
     if (machine.picScanLed.lit && address < doBase && high != memoryAt(machine, address + 1)) {
-        result.upperByteRefused = true;
+        answer = Popup{"スキャン中、コントロールワードの上位バイトはライトプロテクト。"};
     } else {
         memoryAt(machine, address + 1) = high;
     }
     emptyWriteBuffer(machine);
-    return result;
+    return answer;
 }
 
 bool goesToBuffer(const Machine& machine, int index) {
@@ -61,11 +57,11 @@ void commitWaitingByte(Machine& machine, int index) {
     }
 }
 
-WriteResult writeByte(Machine& machine, int address, std::uint8_t value) {
+Answer writeByte(Machine& machine, int address, std::uint8_t value) {
     const int index = busToMemoryIndex(machine, address);
     if (goesToBuffer(machine, index)) {
         keepByte(machine, index, value);
-        return {.buffered = true};
+        return Popup{"ハザードプロテクト中。ライトテンポラリバッファへ書き込みました。"};
     }
     memoryAt(machine, index) = value;
     if (bus8bit(machine)) {
@@ -87,19 +83,11 @@ int busToMemoryIndex(const Machine& machine, int address) {
     return bigEndian(machine) ? address ^ 1 : address;
 }
 
-WriteResult writeMemory(Machine& machine, std::string_view rowText, int cell, Width width, std::string_view text) {
+Answer writeMemory(Machine& machine, std::string_view rowText, int cell, Width width, std::string_view text) {
     const int address = labelToAddress(machine, rowText, cell);
     const int value = hexValue(text).value_or(0);
     return width == Width::word ? writeWord(machine, address & ~1, value)
                                 : writeByte(machine, address, static_cast<std::uint8_t>(value));
-}
-
-Popup upperByteRefusedPopup() {
-    return {"スキャン中、コントロールワードの上位バイトはライトプロテクト。"};
-}
-
-Popup bufferedPopup() {
-    return {"ハザードプロテクト中。ライトテンポラリバッファへ書き込みました。"};
 }
 
 std::optional<ReadResult> readMemory(Machine& machine, std::string_view addressText) {
@@ -128,12 +116,12 @@ Answer memoryWriteRefusal(const Machine& machine, Area area, int cell) {
     if (!machine.picScanLed.lit) {
         return {};
     }
-    const bool controlWord = area == Area::controlDoDi && cell < cellsPerArea;
+    const bool controlWord = area == Area::controlDoDi && cell < areaSize;
     // An even cell shows the upper byte of its word on either byte order.
     if (controlWord && bus8bit(machine) && cell % 2 == 0) {
         return Popup{"スキャン中、コントロールワードの上位バイトはライトプロテクト"};
     }
-    const bool scanWritten = area == Area::c1ToC7 || (area == Area::controlDoDi && cell >= 2 * cellsPerArea);
+    const bool scanWritten = area == Area::c1ToC7 || (area == Area::controlDoDi && cell >= 2 * areaSize);
     if (scanWritten) {
         return Popup{"スキャン中はライトプロテクト"};
     }

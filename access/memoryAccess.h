@@ -44,24 +44,17 @@ inline bool bigEndian(const Machine& machine) {
 // The areas of memory that a window shows.
 enum class Area { controlDoDi = 0, c1ToC7 = 1, drc = 2 };
 
-// The bus address of a cell of a dump window. `rowText` is the caption of the window's first row, such as "18x", and `cell`
-// the number of the cell from 0, in rows of sixteen.
+// The bus address of a cell of a dump window. `rowText` is the caption of the window's first row, such as "18x" (any other
+// text counts as row 0), and `cell` the number of the cell from 0, in rows of sixteen.
 int labelToAddress(const Machine& machine, std::string_view rowText, int cell);
 
 // The index in chipMemory of a bus address.
 int busToMemoryIndex(const Machine& machine, int address);
 
-// What a write has to say, in the order in which it is said.
-struct WriteResult {
-    bool upperByteRefused = false;  // the status byte of a control word stayed as it was
-    bool buffered = false;          // the byte waits in the write temporary buffer
-};
-
-// One write at a cell: four hexadecimal digits for a word, at the address rounded down to even, two for a byte.
-WriteResult writeMemory(Machine& machine, std::string_view rowText, int cell, Width width, std::string_view text);
-
-Popup upperByteRefusedPopup();
-Popup bufferedPopup();
+// One write at a cell: four hexadecimal digits for a word, at the address rounded down to even, two for a byte. A text that is
+// no hexadecimal number is written as 0. The answer is a popup where not all went to memory: a word that left the status byte
+// of a control word as it was, or a byte that waits in the write temporary buffer.
+Answer writeMemory(Machine& machine, std::string_view rowText, int cell, Width width, std::string_view text);
 
 struct ReadResult {
     std::uint8_t value;

@@ -18,10 +18,8 @@ constexpr std::string_view transferMismatch = "通信設定がハードウェア
 constexpr std::string_view standsUntilChanged = "ハードウェアの設定を変更するか、レジスタの値を変更するまで停止します。";
 
 constexpr int lastAddressBits = 0x3F;
-constexpr int bufferInUse = 0x01;   // of either half of HPR
-constexpr int protectionOn = 0x10;  // of either half of HPR
 constexpr int enableBitsOfInt1 = 0xF8;
-constexpr int bcrLowBits = 0x13;
+constexpr int bcrLowBits = fullDuplexBit | rateBits;
 constexpr int bcrHighBits = 0x07;
 
 // A write, taken apart: which halves it covers and their new values. A half that isn't covered reads as 0.
@@ -95,7 +93,7 @@ Answer writeSSR(Machine& /*machine*/, const Write& /*write*/) {
 
 Answer writeHPR(Machine& machine, const Write& write) {
     const auto writeHalf = [&machine](int address, int value) {
-        store(machine, address, (memoryAt(machine, address) & bufferInUse) | (value & protectionOn));
+        store(machine, address, (memoryAt(machine, address) & hazardBufferUsed) | (value & hazardOn));
     };
     if (write.coversLow) {
         writeHalf(reg::hprLow, write.low);

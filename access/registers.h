@@ -29,6 +29,10 @@ inline constexpr int rowHPR = 3;
 inline constexpr int rowBCR = 8;
 inline constexpr int lastRegisterRow = 8;
 
+// Bits of either half of HPR.
+inline constexpr std::uint8_t hazardOn = 0x10;
+inline constexpr std::uint8_t hazardBufferUsed = 0x01;
+
 struct RegisterRow {
     std::string_view name;
     std::string_view address;  // three hexadecimal digits, empty for CC
@@ -53,11 +57,12 @@ std::string_view regAddress(std::string_view name);
 enum class Width { byte = 8, word = 16 };
 enum class Half { high = 0, low = 1 };
 
-// One write of the host CPU. `address` is the register's even address; `half` is read only for a byte; `text` is four
-// hexadecimal digits for a word, two for a byte, in either case. Any other address does nothing and says nothing.
+// One write of the host CPU. `address` is the register's even address, 580H to 58EH; any other does nothing and says nothing.
+// `half` is read only for a byte; `text` is four hexadecimal digits for a word, two for a byte, in either case. A text that is
+// no hexadecimal number, or one of more than 16 bits, is written as 0, and of more than two digits a byte takes the lower ones.
 // Refusals change nothing, but for BCR's mismatch warning: there the value stands written. The caller refreshes the
 // register and memory windows afterwards, also after a write that changed nothing.
 Answer writeRegister(Machine& machine, int address, Width width, Half half, std::string_view text);
 
-// Whether the write dialog of a row may open now: nothing, or the popup that says why not.
+// Whether the write dialog of row 1 to 9 may open now: nothing, or the popup that says why not.
 Answer registerWriteRefusal(const Machine& machine, int row);

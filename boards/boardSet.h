@@ -22,13 +22,15 @@ inline constexpr int stationAddresses = 63;
 inline constexpr std::array<std::string_view, 3> clockItems{"48MHz", "24MHz", "12MHz"};
 inline constexpr std::array<std::string_view, 4> rateItems{"12Mbps", "  6Mbps", "  3Mbps", "1.5Mbps"};
 
-// "0x01" to "0x3F", by list index.
+// "0x01" to "0x3F", by list index 0 to 62.
 std::string addressItem(int listIndex);
 
-// Gives a board the address of two hexadecimal digits; the answer is chkSADup's.
+// Gives a board, by BoardIndex, the address of two hexadecimal digits, "01" to "3F"; a text that is no hexadecimal number is
+// address 0, which no scan visits. The answer is chkSADup's.
 Answer applySA(Machine& machine, std::size_t board, std::string_view digits);
 
-// The commits of the combo boxes.
+// The commits of the combo boxes. `listIndex` counts from 0 and is an item of the list (comboLists.h): 0 to 62 for an address,
+// 0 to 2 for a clock, 0 to 3 for the rate pins and the bus type. Nothing is checked here, since a list offers nothing else.
 Answer cmbSA_LostFocus(Machine& machine, std::size_t board, int listIndex);
 void cmbClock41_LostFocus(Machine& machine, int listIndex);
 void cmbClock52_LostFocus(Machine& machine, int listIndex);

@@ -1,12 +1,13 @@
 #include "boards/counters.h"
 
+#include "core/boardTick.h"
+
 namespace {
 
 constexpr std::size_t counter52 = 24;
 constexpr std::size_t clear52 = 25;
 constexpr std::size_t lowOf52 = 2 * counter52;
 constexpr int upperFourBits = 0xF0;
-constexpr std::int16_t quietTicks = 500;
 
 void count(Machine& machine, std::size_t word) {
     std::uint8_t& low = machine.counterImage[2 * word];
@@ -49,7 +50,7 @@ Answer cmbMode_LostFocus(Machine& machine) {
 
 void picNoise_MouseDown(Machine& machine) {
     machine.noiseOn = true;
-    machine.noiseBurst = quietTicks;
+    machine.noiseBurst = noiseQuietTicks;
 }
 
 void picNoise_MouseUp(Machine& machine) {

@@ -21,6 +21,7 @@
 // The counter modes of Board No4, by mode.
 inline constexpr std::array<std::string_view, 4> modeItems{"0 フリーカウント", "1 内部ゲート1", "2 内部ゲート2", "3 外部ゲート"};
 
+// `index` 0 to 25; of those the buttons 12 to 23 stand on no board.
 void picCounter_MouseDown(Machine& machine, std::size_t index);
 void picCounter_MouseUp(Machine& machine, std::size_t index);
 

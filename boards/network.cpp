@@ -1,13 +1,13 @@
 #include "boards/network.h"
 
 #include "boards/stationCheck.h"
+#include "core/pwmOutput.h"
 
 namespace {
 
 constexpr int narrowForm = 7890;
 constexpr int wideForm = 13330;
 constexpr int connector0Above = 40;  // a cable drawn higher than this is in connector 0
-constexpr int lastModeWithoutPanel = 5;
 
 constexpr std::size_t link1 = 0;
 constexpr std::size_t link2 = 1;
@@ -89,6 +89,10 @@ void updateTerminators(Machine& machine) {
     }
 }
 
+void showDuplexJumpers(Machine& machine) {
+    machine.picJumperFull = machine.duplexBit != 0;
+}
+
 Answer picJumper_DblClick(const Machine& machine) {
     if (scanOn(machine)) {
         return Popup{"スキャン中の変更は禁止です。"};
@@ -99,7 +103,7 @@ Answer picJumper_DblClick(const Machine& machine) {
 Answer picJumper_Answered(Machine& machine, bool ok) {
     if (ok) {
         machine.duplexBit = machine.duplexBit != 0 ? 0 : fullDuplexBit;
-        machine.picJumperFull = machine.duplexBit != 0;
+        showDuplexJumpers(machine);
     }
     if ((machine.chipMemory[reg::bcrLow] & fullDuplexBit) != machine.duplexBit) {
         return Warning{"設定がＱＤＡ６０のレジスタ設定と一致していません。"};
@@ -122,9 +126,9 @@ void initConnections(Machine& machine) {
         picFConn_DblClick(machine);
     }
     machine.duplexBit = machine.transferDefault[0] == 1 ? 0 : fullDuplexBit;
-    machine.picJumperFull = machine.duplexBit != 0;
+    showDuplexJumpers(machine);
 }
 
 int formWidth(const Machine& machine) {
-    return machine.picBridge.visible || machine.ios52 > lastModeWithoutPanel ? wideForm : narrowForm;
+    return machine.picBridge.visible || pwmShown(machine) ? wideForm : narrowForm;
 }

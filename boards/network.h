@@ -29,6 +29,9 @@ Answer picBridge_DblClick(Machine& machine);
 // Puts the terminators at the two ends of the line as it stands.
 void updateTerminators(Machine& machine);
 
+// The jumpers of all boards as duplexBit says.
+void showDuplexJumpers(Machine& machine);
+
 // The double click on a jumper: refused during a scan, otherwise the question that goes before the change of all boards.
 Answer picJumper_DblClick(const Machine& machine);
 // What follows the question, answered with OK or not: the change, and a warning where BCR says otherwise.

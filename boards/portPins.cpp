@@ -8,12 +8,14 @@
 namespace {
 
 constexpr std::size_t pinsOfSlot5 = 64;
-constexpr std::int16_t modeWithCounter = 7;
 constexpr std::size_t indexOfSlot5 = slotQDA52 - 1;
 
-void setPinPattern(Machine& machine) {
-    const auto mode = static_cast<std::size_t>(machine.ios52);
-    const std::string_view pattern = iosModes[mode < iosModes.size() ? mode : 0].pattern;
+// The pins under the motor are the counter's.
+bool counterShown(const Machine& machine) {
+    return motorTurns(machine);
+}
+
+void setPinPattern(Machine& machine, std::string_view pattern) {
     for (std::size_t bit = 0; bit < pattern.size(); ++bit) {
         const char kind = pattern[pattern.size() - 1 - bit];
         Pin& pin = machine.picPI[pinsOfSlot5 + bit];
@@ -27,7 +29,7 @@ void setPinPattern(Machine& machine) {
     machine.diImage[9] = 0;
     machine.timMotorInterval = 0;
     machine.lampLevel = 0;
-    if (machine.ios52 == modeWithCounter) {
+    if (counterShown(machine)) {
         showCounter52(machine);
     }
     showPower(machine);
@@ -42,7 +44,7 @@ struct ImageBit {
 ImageBit imageBitOf(const Machine& machine, std::size_t pin) {
     const auto bit = static_cast<unsigned>(pin % 8);
     // Beside the counter the four switches of slot 5 are the upper bits of the word.
-    if (pin >= pinsOfSlot5 && machine.ios52 == modeWithCounter) {
+    if (pin >= pinsOfSlot5 && counterShown(machine)) {
         return {9, static_cast<std::uint8_t>(16U << bit)};
     }
     return {pin / 8, static_cast<std::uint8_t>(1U << bit)};
@@ -101,11 +103,16 @@ int timingChart(const Machine& machine, std::size_t group) {
     return 1 + (machine.picSSA[group].on ? 1 : 0) + (machine.picSSB[group].on ? 2 : 0) + (group == groupQDA73 ? 4 : 0);
 }
 
+Answer setIOSMode(Machine& machine) {
+    const auto mode = static_cast<std::size_t>(machine.ios52);
+    setPinPattern(machine, iosModes[mode < iosModes.size() ? mode : 0].pattern);
+    return chkSADup(machine);
+}
+
 Answer cmbIOS_LostFocus(Machine& machine, int listIndex) {
     machine.cmbIOS.listIndex = static_cast<std::int16_t>(listIndex);
     machine.ios52 = machine.cmbIOS.listIndex;
-    setPinPattern(machine);
-    Answer answer = chkSADup(machine);
+    Answer answer = setIOSMode(machine);
     showDO52(machine);
     return answer;
 }

@@ -43,17 +43,21 @@ void initPins(Machine& machine);
 // A click on pin 0 to 79: flips an input, anything else ignores it.
 void picPI_Click(Machine& machine, std::size_t index);
 
-// The CLR button of a slot, by slot-1: while it is down the outputs stay dark. The release waits for the next visit.
+// The CLR button of a slot, by slot-1 (0 to 4): while it is down the outputs stay dark. The release waits for the next visit.
 void picCLR_DblClick(Machine& machine, std::size_t index);
 void picCLR_MouseUp(Machine& machine, std::size_t index);
 
-// The setting switches, by slot-1. The timing chart of the group is to be shown after either.
+// The setting switches, by slot-1 (0 to 4). The timing chart of the group is to be shown after either.
 void picSSA_DblClick(Machine& machine, std::size_t index);
 void picSSB_DblClick(Machine& machine, std::size_t index);
 
 // The timing chart of a group of strobes, slot-1: 1 to 4 by SSA and SSB, 5 to 8 for the QDA73.
 int timingChart(const Machine& machine, std::size_t group);
 
-// The commit of the IOS selector: the new mode drops every input of slot 5 and its outputs show the latch at once. The
-// answer is chkSADup's, since the bench may get wider.
+// Rebuilds slot 5 for the mode in ios52; a number outside 0 to 7 takes the pins of mode 0. The answer is chkSADup's, since the
+// bench may get wider.
+Answer setIOSMode(Machine& machine);
+
+// The commit of the IOS selector, list index 0 to 7: the new mode drops every input of slot 5 and its outputs show the latch at
+// once. The answer is setIOSMode's.
 Answer cmbIOS_LostFocus(Machine& machine, int listIndex);

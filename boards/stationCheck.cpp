@@ -6,7 +6,6 @@
 
 namespace {
 
-constexpr std::uint8_t bcrAfterReset = 0x13;
 constexpr int rows = slotCount;
 
 // The address of a slot's station, where it stands on the line.
@@ -37,7 +36,7 @@ void resetCenter(Machine& machine) {
     machine.scanAddr = 0;
     machine.picScanLed.lit = false;
     resetRegisters(machine);
-    machine.chipMemory[reg::bcrLow] = bcrAfterReset;
+    machine.chipMemory[reg::bcrLow] = bcrFullDuplex;
 }
 
 void resetBoard52(Machine& machine) {

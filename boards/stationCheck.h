@@ -9,7 +9,7 @@
 // done. It asks one link for each station and not the whole line, so it is not what the scan goes by; nothing is changed.
 Answer chkSADup(const Machine& machine);
 
-// The press of a reset button, 0 the center, else by slot. The center's stops the scan at once and resets the registers, to
-// full duplex and 12 Mbps whatever the settings say; a board is off the line until the release.
+// The press of a reset button: 0 the center, 1 to 5 by slot; no other index has a button. The center's stops the scan at once and
+// resets the registers, to full duplex and 12 Mbps whatever the settings say; a board is off the line until the release.
 void picReset_DblClick(Machine& machine, std::size_t index);
 void picReset_MouseUp(Machine& machine, std::size_t index);

@@ -1,5 +1,5 @@
 # Windows finds the libraries of a program that runs while building through PATH alone.
-if(WIN32)
+if(CMAKE_HOST_WIN32 AND NOT CMAKE_CROSSCOMPILING)
   set(vrb_with_qt ${CMAKE_COMMAND} -E env --modify PATH=path_list_prepend:$<TARGET_FILE_DIR:Qt6::Core> --)
 endif()
 

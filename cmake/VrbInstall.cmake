@@ -4,17 +4,21 @@
 # program has a folder of its own:
 #
 #     Linux      lib/vrb-ts/  the program and its files, a link to it in bin/, and what a desktop wants in share/
-#     Windows    bin/, with Qt's libraries
+#     Windows    one folder; bin/ where Qt's libraries go along (VrbWindows.cmake)
 #     macOS      vrb-ts.app, its files in Contents/Resources, with Qt's libraries
 #
 # The component "portable" is the program with its files in one folder, and nothing else; it is only made when asked for:
 # cmake --install BUILD --component portable --prefix FOLDER.
 
 include(GNUInstallDirs)
-set(maintainer "VRB-TS maintainers <maintainers@vrb-ts.example>")
+# No address: there is none that anybody reads.
+set(maintainer "VRB-TS maintainers")
 
 # The folders of texts and pictures are built into bin/ and installed whole.
 set(vrb_folders NaviData HintData Kairozu)
+if(VRB_SHIP_FONTS)
+  list(APPEND vrb_folders fonts)
+endif()
 
 # FOLDER, and after it what each rule is to have.
 function(vrb_install_beside folder)
@@ -26,6 +30,16 @@ endfunction()
 
 # A Qt from outside the system is found again by an installed program.
 set_target_properties(vrb-ts PROPERTIES INSTALL_RPATH_USE_LINK_PATH ON)
+
+# Qt's own libraries and plugins go along. 6.5 gave the parameter its present name.
+function(vrb_install_qt)
+  if(Qt6_VERSION VERSION_LESS 6.5)
+    qt_generate_deploy_app_script(TARGET vrb-ts FILENAME_VARIABLE deploy NO_UNSUPPORTED_PLATFORM_ERROR)
+  else()
+    qt_generate_deploy_app_script(TARGET vrb-ts OUTPUT_SCRIPT deploy NO_UNSUPPORTED_PLATFORM_ERROR)
+  endif()
+  install(SCRIPT ${deploy})
+endfunction()
 
 if(UNIX AND NOT APPLE)
   set(folder lib/vrb-ts)
@@ -80,29 +94,17 @@ if(UNIX AND NOT APPLE)
   install(TARGETS vrb-ts RUNTIME DESTINATION . ${portable})
   vrb_install_beside(. ${portable})
   install(FILES LICENSE README.md CHANGELOG.md DESTINATION . ${portable})
-else()
-  install(TARGETS vrb-ts RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} BUNDLE DESTINATION .)
-  if(APPLE)
-    vrb_install_beside(vrb-ts.app/Contents/Resources)
-    target_sources(vrb-ts PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/icons/appIcon.icns)
-    set_source_files_properties(${CMAKE_CURRENT_BINARY_DIR}/icons/appIcon.icns PROPERTIES MACOSX_PACKAGE_LOCATION Resources)
-    set_target_properties(vrb-ts PROPERTIES MACOSX_BUNDLE_BUNDLE_NAME VRB-TS MACOSX_BUNDLE_ICON_FILE appIcon.icns
-                          MACOSX_BUNDLE_BUNDLE_VERSION ${PROJECT_VERSION} MACOSX_BUNDLE_SHORT_VERSION_STRING ${PROJECT_VERSION})
-  else()
-    vrb_install_beside(${CMAKE_INSTALL_BINDIR})
-    configure_file(packaging/vrb-ts.rc.in ${CMAKE_CURRENT_BINARY_DIR}/packaging/vrb-ts.rc @ONLY)
-    target_sources(vrb-ts PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/packaging/vrb-ts.rc)
-    set_source_files_properties(${CMAKE_CURRENT_BINARY_DIR}/packaging/vrb-ts.rc PROPERTIES
-                                OBJECT_DEPENDS ${CMAKE_CURRENT_BINARY_DIR}/icons/appIcon.ico)
-  endif()
+elseif(APPLE)
+  install(TARGETS vrb-ts BUNDLE DESTINATION .)
+  vrb_install_beside(vrb-ts.app/Contents/Resources)
+  target_sources(vrb-ts PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/icons/appIcon.icns)
+  set_source_files_properties(${CMAKE_CURRENT_BINARY_DIR}/icons/appIcon.icns PROPERTIES MACOSX_PACKAGE_LOCATION Resources)
+  set_target_properties(vrb-ts PROPERTIES MACOSX_BUNDLE_BUNDLE_NAME VRB-TS MACOSX_BUNDLE_ICON_FILE appIcon.icns
+                        MACOSX_BUNDLE_BUNDLE_VERSION ${PROJECT_VERSION} MACOSX_BUNDLE_SHORT_VERSION_STRING ${PROJECT_VERSION})
   install(FILES LICENSE DESTINATION .)
-  # Qt's own libraries and plugins go along. 6.5 gave the parameter its present name.
-  if(Qt6_VERSION VERSION_LESS 6.5)
-    qt_generate_deploy_app_script(TARGET vrb-ts FILENAME_VARIABLE deploy NO_UNSUPPORTED_PLATFORM_ERROR)
-  else()
-    qt_generate_deploy_app_script(TARGET vrb-ts OUTPUT_SCRIPT deploy NO_UNSUPPORTED_PLATFORM_ERROR)
-  endif()
-  install(SCRIPT ${deploy})
+  vrb_install_qt()
+elseif(WIN32)
+  include(cmake/VrbWindows.cmake)
 endif()
 
 # --- packages: cpack -G DEB and cpack -G TGZ, which ./package calls --------------------------------------------------------
@@ -123,6 +125,9 @@ set(CPACK_STRIP_FILES ON)
 set(CPACK_VERBATIM_VARIABLES ON)
 # What is installed but for no component makes the .deb; the archives have the portable folder.
 set(CPACK_PROJECT_CONFIG_FILE ${PROJECT_SOURCE_DIR}/cmake/PackByKind.cmake)
+if(WIN32)
+  vrb_pack_windows()
+endif()
 
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_RELEASE 1)

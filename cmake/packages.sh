@@ -66,6 +66,9 @@ hint_packages() {
   coverage_packages=(gcovr)
   # What making and checking packages needs on top.
   package_packages=(dpkg-dev file gzip lintian desktop-file-utils appstream)
+  # What building for Windows and packing for it need on top, and what its tests need.
+  windows_packages=(dpkg-dev g++-mingw-w64-x86-64-posix mingw-w64-tools nsis unzip)
+  windows_test_packages=(googletest wine wine64 xdotool xvfb xauth openbox imagemagick)
   # What a look at the program without a display needs.
   screen_packages=(xvfb xauth openbox imagemagick)
 }

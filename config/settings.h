@@ -13,10 +13,7 @@
 
 #pragma once
 
-#include "access/memoryAccess.h"
-#include "boards/boardSet.h"
-#include "boards/counters.h"
-#include "boards/portPins.h"
+#include "boards/comboLists.h"
 #include "config/profileFile.h"
 #include "core/answer.h"
 #include "core/mduMain.h"
@@ -27,26 +24,9 @@
 
 inline constexpr std::string_view settingsSection = "INIT";
 
-// The items of a combo box; their index is the value of the setting.
-struct ItemList {
-    int count = 0;
-    std::string (*item)(int index) = nullptr;
-};
-
-template <const auto& items>
-constexpr ItemList listOf() {
-    return {static_cast<int>(items.size()), [](int index) { return std::string(items[static_cast<std::size_t>(index)]); }};
-}
-
-inline constexpr ItemList cpuTypeList = listOf<cpuTypeNames>();
-inline constexpr ItemList addressList{stationAddresses, addressItem};
-inline constexpr ItemList clockList = listOf<clockItems>();
 // The dialog lines the rates up by a blank that the bench has no room for.
 inline constexpr std::array<std::string_view, 4> alignedRateItems{" 12Mbps", "  6Mbps", "  3Mbps", "1.5Mbps"};
 inline constexpr ItemList rateList = listOf<alignedRateItems>();
-inline constexpr ItemList iosList{static_cast<int>(iosModes.size()),
-                                  [](int index) { return std::string(iosModes[static_cast<std::size_t>(index)].caption); }};
-inline constexpr ItemList modeList = listOf<modeItems>();
 
 // A setting without a list is a choice of two: the dialog shows it chosen for a number greater than 0, and writes 1 or 0.
 struct Setting {
@@ -62,18 +42,18 @@ inline constexpr std::array<Setting, 19> settings{{
     {"CABLECONNECTION", "chkDef0", 1, {}, [](Machine& m) -> std::int16_t& { return m.cableConnectionDefault; }},
     {"MEMORYCLEAR", "chkDef1", 1, {}, [](Machine& m) -> std::int16_t& { return m.memoryClearDefault; }},
     {"TRANSFER", "optHF1", 0, {}, [](Machine& m) -> std::int16_t& { return m.transferDefault[0]; }},
-    {"CPUTYPE", "cmbCPUType", 0, cpuTypeList, [](Machine& m) -> std::int16_t& { return m.cpuType; }},
-    {"SA-QDA41", "cmbSA0", 1, addressList, [](Machine& m) -> std::int16_t& { return m.boardSA[saQDA41]; }},
-    {"SA-QDA73", "cmbSA2", 0, addressList, [](Machine& m) -> std::int16_t& { return m.boardSA[saQDA73]; }},
-    {"SA-QDA52", "cmbSA4", 3, addressList, [](Machine& m) -> std::int16_t& { return m.boardSA[saQDA52]; }},
+    {"CPUTYPE", "cmbCPUType", 0, initCPUTypeCombo(), [](Machine& m) -> std::int16_t& { return m.cpuType; }},
+    {"SA-QDA41", "cmbSA0", 1, initSACombos(), [](Machine& m) -> std::int16_t& { return m.boardSA[saQDA41]; }},
+    {"SA-QDA73", "cmbSA2", 0, initSACombos(), [](Machine& m) -> std::int16_t& { return m.boardSA[saQDA73]; }},
+    {"SA-QDA52", "cmbSA4", 3, initSACombos(), [](Machine& m) -> std::int16_t& { return m.boardSA[saQDA52]; }},
     // The start of a scan computes the center's rate from BCR: whatever stands here has no effect.
     {"CLOCK-QDA60", "", 0, rateList, [](Machine& m) -> std::int16_t& { return m.boardClock[clockCenter]; }},
-    {"CLOCK-QDA41", "cmbClockDEF41", 0, clockList, [](Machine& m) -> std::int16_t& { return m.boardClock[clockQDA41]; }},
+    {"CLOCK-QDA41", "cmbClockDEF41", 0, initClockCombos(), [](Machine& m) -> std::int16_t& { return m.boardClock[clockQDA41]; }},
     {"CLOCK-QDA73", "cmbClockDEF73", 0, rateList, [](Machine& m) -> std::int16_t& { return m.boardClock[clockQDA73]; }},
-    {"CLOCK-QDA52", "cmbClockDEF52", 0, clockList, [](Machine& m) -> std::int16_t& { return m.boardClock[clockQDA52]; }},
+    {"CLOCK-QDA52", "cmbClockDEF52", 0, initClockCombos(), [](Machine& m) -> std::int16_t& { return m.boardClock[clockQDA52]; }},
     {"CASCADE-QDA41", "chkCascade", 1, {}, [](Machine& m) -> std::int16_t& { return m.cascadeDefault; }},
-    {"IOS-QDA52", "cmbIOS", 5, iosList, [](Machine& m) -> std::int16_t& { return m.ios52; }},
-    {"MODE-QDA52", "cmbMode", 0, modeList, [](Machine& m) -> std::int16_t& { return m.mode52; }},
+    {"IOS-QDA52", "cmbIOS", 5, initIOSCombo(), [](Machine& m) -> std::int16_t& { return m.ios52; }},
+    {"MODE-QDA52", "cmbMode", 0, initModeCombo(), [](Machine& m) -> std::int16_t& { return m.mode52; }},
     {"OPENWINDOW1", "chkDef2", 1, {}, [](Machine& m) -> std::int16_t& { return m.openWindowDefault[1]; }},
     {"OPENWINDOW2", "chkDef3", 1, {}, [](Machine& m) -> std::int16_t& { return m.openWindowDefault[2]; }},
     {"OPENWINDOW3", "chkDef4", 1, {}, [](Machine& m) -> std::int16_t& { return m.openWindowDefault[3]; }},

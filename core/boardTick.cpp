@@ -17,7 +17,7 @@ void startScan(Machine& machine, int scrAddress, bool Machine::*flag) {
     machine.scanAddr = 1;
     machine.scanLastAddr = last;
     machine.picScanLed.lit = true;
-    machine.boardClock[clockCenter] = static_cast<std::int16_t>(~machine.chipMemory[reg::bcrLow] & 3);
+    machine.boardClock[clockCenter] = static_cast<std::int16_t>(~machine.chipMemory[reg::bcrLow] & rateBits);
     // The CHK flags of a pass are left as they are: only the pass end clears them.
     machine.ssrDataChanged = false;
     machine.ssrSerialData = false;
@@ -118,7 +118,6 @@ void visitSlots(Machine& machine, const Frame& sent) {
 
 // --- noise ---------------------------------------------------------------------------------------------------------------
 
-constexpr std::int16_t quietTicks = 500;     // from the press to the random phase; the first of them is spoiled
 constexpr std::int16_t randomFailures = 11;  // the station of the last one fails on in the burst phase
 constexpr std::int16_t cycleFailures = 15;
 constexpr int oftenestOdds = 13;  // one tick in so many at long passes
@@ -137,7 +136,7 @@ void noiseStep(Machine& machine) {
         return;
     }
     if (machine.noiseBurst != 0) {
-        if (machine.noiseBurst == quietTicks) {
+        if (machine.noiseBurst == noiseQuietTicks) {
             machine.random.seed(machine.systemTimer);
             machine.responder = collided;
             machine.noiseErrorCount = 0;

@@ -15,6 +15,9 @@
 
 #include "core/mduMain.h"
 
+// Ticks from the press of the noise button to the random phase; the first of them is spoiled.
+inline constexpr std::int16_t noiseQuietTicks = 500;
+
 // Leaves visitAddr, stationPtr, cmdNibble, stationErrorBit, responder, responderSA and serialPending to scanStep.
 void boardTick(Machine& machine);
 

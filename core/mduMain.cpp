@@ -6,8 +6,6 @@
 namespace {
 
 constexpr std::string_view chipName = "QDA60 ";
-constexpr std::uint8_t bcrAtFullDuplex = 0x13;
-constexpr std::uint8_t bcrAtHalfDuplex = 0x03;
 constexpr std::uint8_t firstScanLastAddress = 4;
 
 }  // namespace
@@ -73,7 +71,7 @@ void resetRegisters(Machine& machine) {
     std::fill_n(machine.chipMemory.begin() + registerBase, chipNameBase - registerBase, std::uint8_t{0});
     std::copy(chipName.begin(), chipName.end(), machine.chipMemory.begin() + chipNameBase);
     const bool halfDuplex = machine.transferDefault[0] != 0;
-    const std::uint8_t bcr = halfDuplex ? bcrAtHalfDuplex : bcrAtFullDuplex;
+    const std::uint8_t bcr = halfDuplex ? bcrHalfDuplex : bcrFullDuplex;
     machine.chipMemory[reg::bcrLow] = bcr;
     machine.registerShadowLow[8] = bcr;  // so that the register window doesn't show the reset value as a change
     machine.duplexBit = halfDuplex ? 0 : fullDuplexBit;

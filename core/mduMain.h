@@ -58,8 +58,11 @@ inline constexpr int bcrLow = 0x58E;   // bits 0, 1: rate code; bit 4: full dupl
 inline constexpr int bcrHigh = 0x58F;
 }  // namespace reg
 
-inline constexpr std::uint8_t holdRequest = 0x04;    // bit of INT0R's request byte that holds the scan
-inline constexpr std::uint8_t fullDuplexBit = 0x10;  // bit of BCR, and the value of duplexBit at full duplex
+inline constexpr std::uint8_t holdRequest = 0x04;                        // bit of INT0R's request byte that holds the scan
+inline constexpr std::uint8_t fullDuplexBit = 0x10;                      // bit of BCR, and the value of duplexBit at full duplex
+inline constexpr std::uint8_t rateBits = 0x03;                           // of BCR: the rate code, all set for 12 Mbps
+inline constexpr std::uint8_t bcrFullDuplex = fullDuplexBit | rateBits;  // what a reset leaves in BCR
+inline constexpr std::uint8_t bcrHalfDuplex = rateBits;
 
 // A slot is one station-sized place on a board. Its number is the value of Machine::responder and indexes doLatch, clrHeld
 // and resetHeld. Slot 4 is a card that never shows and never answers.
@@ -81,26 +84,33 @@ inline constexpr std::array<std::size_t, 3> linkConnector{0, 1, 3};
 // States of the things on the bench. A state bears the name of the control that shows it.
 struct Led {
     bool lit = false;
+    bool operator==(const Led&) const = default;
 };
 struct Switch {
     bool on = false;  // the switch stands at "1"
+    bool operator==(const Switch&) const = default;
 };
 struct Connector {
     bool plugged = false;
+    bool operator==(const Connector&) const = default;
 };
 struct Button {
     bool down = false;
+    bool operator==(const Button&) const = default;
 };
 struct Combo {
     std::int16_t listIndex = 0;  // from 0
+    bool operator==(const Combo&) const = default;
 };
 struct Card {
     bool visible = false;
+    bool operator==(const Card&) const = default;
 };
 struct Pin {
     bool output = false;
     bool level = false;
     bool visible = true;  // a pin taken away by an IOS mode is hidden and keeps its direction
+    bool operator==(const Pin&) const = default;
 };
 
 inline constexpr Card inPlace{true};
@@ -148,7 +158,7 @@ struct Machine {
     std::array<bool, 5> resetHeld{};  // by slot 1 to 4: reset is down, the slot is off the line
     bool resetHeld52 = false;
     bool noiseOn = false;              // the noise button is down
-    std::int16_t noiseBurst = 0;       // ticks before random noise begins, 500 at the press
+    std::int16_t noiseBurst = 0;       // ticks before random noise begins, noiseQuietTicks at the press
     std::int16_t noiseErrorCount = 0;  // noise failures in the present cycle, 0 to 14
     std::int16_t noiseErrorAddr = 0;   // SA of the last random noise failure
     std::int16_t motorPhase = 0;       // belt picture, 1 to 3

@@ -5,7 +5,6 @@
 namespace {
 
 constexpr std::size_t pinsPerSlot = 16;
-constexpr std::int16_t firstPwmMode = 6;
 
 bool bitOf(std::uint32_t word, std::size_t bit) {
     return (word >> bit & 1U) != 0;
@@ -31,7 +30,7 @@ void showDO52(Machine& machine) {
             pin.level = bitOf(machine.doLatch52, bit);
         }
     }
-    if (machine.ios52 >= firstPwmMode) {
+    if (pwmShown(machine)) {
         showPower(machine);
     }
 }

@@ -14,7 +14,7 @@
 
 #include "core/mduMain.h"
 
-// The IOS modes with a PWM panel, and the one whose motor turns.
+// The IOS modes with a PWM panel, 6 and 7, and the one whose motor turns, 7.
 bool pwmShown(const Machine& machine);
 bool motorTurns(const Machine& machine);
 

@@ -25,10 +25,11 @@ void updateCell(Machine& machine, DumpView& view, int offset) {
     view.touched.push_back(number);
 }
 
-// By ByteView: byte, word.
-template <typename T>
-T byView(ByteView piMode, T byte, T word) {
-    return piMode == ByteView::word ? word : byte;
+void layoutColumns(DumpView& view, bool bigEndian) {
+    if (view.visible) {
+        view.bigEndian = bigEndian;
+        view.columnsFor = view.piMode;
+    }
 }
 
 }  // namespace
@@ -82,11 +83,15 @@ void timColor_Timer(DumpView& view) {
 
 void setAreaLayout(const Machine& machine, DumpView& view) {
     view.piMode = bus8bit(machine) ? ByteView::byte : ByteView::word;
-    // A hidden window keeps its columns until it opens.
-    if (view.visible) {
-        view.bigEndian = bigEndian(machine);
-        view.columnsFor = view.piMode;
-    }
+    bigEndian(machine) ? layoutBig(view) : layoutLittle(view);
+}
+
+void layoutLittle(DumpView& view) {
+    layoutColumns(view, false);
+}
+
+void layoutBig(DumpView& view) {
+    layoutColumns(view, true);
 }
 
 void colourWord(DumpView& view, int cell, bool evenRed, bool oddRed) {
@@ -104,21 +109,9 @@ std::string columnLabel(const DumpView& view, int column) {
 int columnLeft(ByteView piMode, int column) {
     constexpr int firstLeft = 510;
     constexpr int middleGap = 60;
-    const int gap = column >= 8 ? middleGap : 0;
-    const int even = column & ~1;
-    return byView(piMode, firstLeft + 255 * column + gap, firstLeft + 240 * even + gap + (column - even) * cellWidth);
-}
-
-int hexWidth(ByteView piMode) {
-    return byView(piMode, 4785, 4545);
-}
-
-int asciiLeft(ByteView piMode) {
-    return byView(piMode, 5160, 4890);
-}
-
-int windowWidth(ByteView piMode) {
-    return byView(piMode, 7350, 7110);
+    const CellLayout& layout = layoutOf(piMode);
+    const int left = firstLeft + column / 2 * layout.pairPitch + column % 2 * layout.oddShift;
+    return column >= 8 ? left + middleGap : left;
 }
 
 namespace {
@@ -149,6 +142,6 @@ std::string pointingAddress(const Machine& machine, const DumpView& view, int ce
 }
 
 std::string pointingSA(const Machine& machine, const DumpView& view, int cell) {
-    const int station = (labelToAddress(machine, view.rowText(), cell) & 127) / 2;
+    const int station = labelToAddress(machine, view.rowText(), cell) % areaSize / 2;
     return " Pointing SA = " + hexText(static_cast<unsigned>(station), 2) + "H  (" + rightAligned(station, 2) + ")";
 }

@@ -28,7 +28,7 @@
 #include <vector>
 
 inline constexpr int cellsPerRow = 16;
-inline constexpr int cellsPerGroup = 128;  // one word for each station
+inline constexpr int cellsPerGroup = areaSize;  // one word for each station
 inline constexpr int changedSeconds = 5;
 
 enum class ByteView : std::int16_t { byte = 0, word = 1 };
@@ -46,9 +46,23 @@ struct DumpArea {
 
 // By area.
 inline constexpr std::array<DumpArea, 3> dumpAreas{{
-    {Area::controlDoDi, 0x000, 384, "frmDumpCDIO", "Memory dump - Control + DI + DO", 10070, 0, {"Control", "DO", "DI"}},
-    {Area::c1ToC7, 0x180, 896, "frmDumpC17", "Memory dump - C1～C7", 10950, 1300, {"C1", "C2", "C3", "C4", "C5", "C6", "C7"}},
-    {Area::drc, 0x500, 128, "frmDumpDRC", "Memory dump - DRC", 2950, 3250, {"DRC"}},
+    {Area::controlDoDi,
+     controlBase,
+     3 * areaSize,
+     "frmDumpCDIO",
+     "Memory dump - Control + DI + DO",
+     10070,
+     0,
+     {"Control", "DO", "DI"}},
+    {Area::c1ToC7,
+     counterBase,
+     7 * areaSize,
+     "frmDumpC17",
+     "Memory dump - C1～C7",
+     10950,
+     1300,
+     {"C1", "C2", "C3", "C4", "C5", "C6", "C7"}},
+    {Area::drc, drcBase, areaSize, "frmDumpDRC", "Memory dump - DRC", 2950, 3250, {"DRC"}},
 }};
 
 struct DumpCell {
@@ -85,8 +99,12 @@ void refreshArea(Machine& machine, DumpView& view);
 // One second of a window: counts the red cells down. `touched` names those that turned black.
 void timColor_Timer(DumpView& view);
 
-// The bus type's view of a window: byte or word, column labels and wedges.
+// The bus type's view of a window: byte or word, and the columns by layoutLittle or layoutBig.
 void setAreaLayout(const Machine& machine, DumpView& view);
+
+// Column labels and wedges of a visible window; a hidden one keeps its own until it opens.
+void layoutLittle(DumpView& view);
+void layoutBig(DumpView& view);
 
 // Colours the two cells of the word that holds `cell`, as the write dialog does; the countdowns stay.
 void colourWord(DumpView& view, int cell, bool evenRed, bool oddRed);
@@ -97,10 +115,24 @@ std::string columnLabel(const DumpView& view, int column);
 // --- places, in twips ----------------------------------------------------------------------------------------------------
 
 inline constexpr int cellWidth = 210;
+
+// Where the cells of a view lie. The eight right columns stand a little apart.
+struct CellLayout {
+    int hexWidth;   // of Picture1
+    int asciiLeft;  // of Picture2
+    int windowWidth;
+    int pairPitch;  // from an even column to the next even one
+    int oddShift;   // from an even column to the odd one behind it
+};
+inline constexpr CellLayout layoutByte{4785, 5160, 7350, 510, 255};
+inline constexpr CellLayout layoutWord{4545, 4890, 7110, 480, cellWidth};
+
+constexpr const CellLayout& layoutOf(ByteView piMode) {
+    return piMode == ByteView::word ? layoutWord : layoutByte;
+}
+
+// The left edge of column 0 to 15.
 int columnLeft(ByteView piMode, int column);
-int hexWidth(ByteView piMode);   // of Picture1
-int asciiLeft(ByteView piMode);  // of Picture2
-int windowWidth(ByteView piMode);
 inline constexpr int byteToWordShift = 240;  // how far a window moves right when it gets narrower
 
 struct WedgeLine {

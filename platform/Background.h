@@ -4,9 +4,12 @@
 #pragma once
 
 #include <QObject>
-#include <QThreadPool>
 
 #include <functional>
+
+#if QT_CONFIG(thread)
+#include <QThreadPool>
+#endif
 
 class Background : public QObject {
     Q_OBJECT

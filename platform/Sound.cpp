@@ -1,52 +1,27 @@
 #include "platform/Sound.h"
 
+#include "platform/waveFile.h"
+
 #include <QApplication>
 #include <QFileInfo>
-
-#ifdef VRB_MULTIMEDIA
-#include <QAudioDevice>
-#include <QMediaDevices>
-#include <QSoundEffect>
-#include <QUrl>
-#else
-class QSoundEffect {};
-#endif
 
 Sound::Sound() = default;
 Sound::~Sound() = default;
 
-bool Sound::open([[maybe_unused]] const QString& file) {
-    effect_.reset();
-    file_.clear();
-#ifdef VRB_MULTIMEDIA
-    if (QFileInfo(file).isFile()) {
-        file_ = file;
-    }
-#endif
+bool Sound::open(const QString& file) {
+    wave_.reset();
+    file_ = wavesArePlayed && QFileInfo(file).isFile() ? file : QString();
     return !file_.isEmpty();
 }
 
 void Sound::playBeep() {
-#ifdef VRB_MULTIMEDIA
-    if (effect_ == nullptr && !file_.isEmpty()) {
-        openDevice();
+    if (wave_ == nullptr && !file_.isEmpty()) {
+        wave_ = openWaveFile(file_);
+        if (wave_ == nullptr) {
+            file_.clear();  // no device: it isn't asked for again
+        }
     }
-    if (effect_ != nullptr && effect_->status() != QSoundEffect::Error) {
-        effect_->stop();
-        effect_->play();
-        return;
+    if (wave_ == nullptr || !wave_->play()) {
+        QApplication::beep();
     }
-#endif
-    QApplication::beep();
-}
-
-void Sound::openDevice() {
-#ifdef VRB_MULTIMEDIA
-    if (QMediaDevices::defaultAudioOutput().isNull()) {
-        file_.clear();
-        return;
-    }
-    effect_ = std::make_unique<QSoundEffect>();
-    effect_->setSource(QUrl::fromLocalFile(file_));
-#endif
 }

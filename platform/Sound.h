@@ -6,7 +6,7 @@
 
 #include <memory>
 
-class QSoundEffect;
+class WaveFile;
 
 class Sound {
 public:
@@ -23,8 +23,6 @@ public:
     void playBeep();
 
 private:
-    void openDevice();
-
     QString file_;
-    std::unique_ptr<QSoundEffect> effect_;
+    std::unique_ptr<WaveFile> wave_;
 };

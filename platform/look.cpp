@@ -1,6 +1,7 @@
 #include "platform/look.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFontDatabase>
 #include <QPalette>
 #include <QStyleFactory>
@@ -76,6 +77,13 @@ QFont columnFont(int pixelSize) {
 
 QFont hexFont(int pixelSize) {
     return fontOf({"DejaVu Sans Mono", "Consolas", "Menlo"}, pixelSize, true);
+}
+
+void addFonts(const QString& folder) {
+    const QDir fonts(folder);
+    for (const QString& name : fonts.entryList({"*.ttf", "*.ttc", "*.otf"}, QDir::Files)) {
+        QFontDatabase::addApplicationFont(fonts.filePath(name));
+    }
 }
 
 bool japaneseFontFound() {

@@ -31,6 +31,10 @@ inline constexpr QRgb popupLine = 0xff8a7a2a;
 inline constexpr QRgb changed = 0xffff0000;
 inline constexpr QRgb unchanged = 0xff000000;
 
+// Takes the fonts that lie in a folder, for this program alone: before the first window. A folder that is missing, as where the
+// system has the fonts, gives none.
+void addFonts(const QString& folder);
+
 // Whether the desktop has any font with Japanese characters; without one they come out as empty boxes.
 bool japaneseFontFound();
 

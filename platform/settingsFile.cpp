@@ -5,6 +5,7 @@
 
 #include <QDir>
 #include <QRegularExpression>
+#include <QStandardPaths>
 
 namespace fs = std::filesystem;
 
@@ -15,6 +16,11 @@ fs::path fileIn(const fs::path& folder) {
     std::error_code error;
     // A folder of that name is in the way of every save, and is to be told of.
     return found.empty() && fs::exists(folder / settingsFileName, error) ? folder / settingsFileName : found;
+}
+
+bool isOwnFolder(const fs::path& programFolder) {
+    std::error_code error;
+    return !fs::exists(programFolder / uninstallerName, error) && folderWritable(programFolder);
 }
 
 }  // namespace
@@ -30,8 +36,17 @@ fs::path programFolder(const fs::path& executableFolder) {
     return fs::exists(resources / settingsFileName, error) ? resources : bundle.parent_path();
 }
 
+fs::path userFolder() {
+#ifdef Q_OS_WIN
+    constexpr auto place = QStandardPaths::AppDataLocation;
+#else
+    constexpr auto place = QStandardPaths::AppConfigLocation;
+#endif
+    return pathOf(QStandardPaths::writableLocation(place));
+}
+
 SettingsPlace::SettingsPlace(fs::path programFolder, const fs::path& userFolder)
-    : shippedFolder_(std::move(programFolder)), savedFolder_(folderWritable(shippedFolder_) ? shippedFolder_ : userFolder) {}
+    : shippedFolder_(std::move(programFolder)), savedFolder_(isOwnFolder(shippedFolder_) ? shippedFolder_ : userFolder) {}
 
 fs::path SettingsPlace::saved() const {
     const fs::path found = fileIn(savedFolder_);

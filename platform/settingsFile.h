@@ -1,6 +1,7 @@
 // Where the settings lie: beside the program while files can be made there, else (an installed program) in the user's
-// configuration folder. Until a first save the latter has no file; what lies beside the program is then read. The file's name
-// counts in any case.
+// configuration folder. What an installer of Windows has put into a folder of the user's own can be written, and yet is not the
+// place: the next version overwrites it. Until a first save the user's folder has no file; what lies beside the program is then
+// read. The file's name counts in any case.
 
 #pragma once
 
@@ -14,6 +15,13 @@ inline constexpr std::size_t largestSettingsFile = std::size_t{1} << 20;
 // The folder where the program's files lie: that of its executable. In a bundle of macOS (NAME.app/Contents/MacOS) it is the
 // bundle's Resources, or, while these have no settings, as in the build's folder, the one where the bundle itself lies.
 std::filesystem::path programFolder(const std::filesystem::path& executableFolder);
+
+// By this file beside the program one sees that an installer has put it there.
+inline constexpr const char* uninstallerName = "Uninstall.exe";
+
+// The user's folder for this program's settings; it need not be there yet. On Windows it goes with the user from one machine to
+// the next.
+std::filesystem::path userFolder();
 
 class SettingsPlace {
 public:

@@ -6,7 +6,6 @@
 #include "program/Program.h"
 
 #include <QApplication>
-#include <QStandardPaths>
 #include <QTimer>
 
 int main(int argc, char** argv) {
@@ -15,11 +14,12 @@ int main(int argc, char** argv) {
     QApplication::setDesktopFileName("vrb-ts");  // by it a desktop finds name and icon
     QApplication::setWindowIcon(programIcon());
     QApplication::setQuitOnLastWindowClosed(false);  // only the exit question ends the program
+    const std::filesystem::path folder = programFolder(pathOf(QApplication::applicationDirPath()));
+    look::addFonts(textOfPath(folder / "fonts"));
     look::applyTo(application);
     speakJapanese(application);
 
-    Program program(programFolder(pathOf(QApplication::applicationDirPath())),
-                    pathOf(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation)));
+    Program program(folder, userFolder());
     // The learner has been asked: nothing asks the windows again.
     QObject::connect(
         &program, &Program::finished, &application, [] { QApplication::exit(); }, Qt::QueuedConnection);

@@ -26,9 +26,12 @@ public slots:
     void done(int result) override;
 
 protected:
-    void setupAccess() override;
+    void setupAccess() override { setupMemoryAccess(width()); }
 
 private:
+    void setupMemoryAccess(Width option);
+    void showMemoryValue(Width option);
+
     Machine& machine_;
     Area area_ = Area::controlDoDi;
     QString rowText_;

@@ -23,14 +23,19 @@ int frmEditRegister::shownAddress() const {
     return busToMemoryIndex(machine_, address_ + (half_ == Half::high ? 1 : 0));
 }
 
-void frmEditRegister::setupAccess() {
+void frmEditRegister::setupRegisterDialog() {
+    const bool word = width() == Width::word;
+    showRegisterValue();
+    emit rowMarked(row_, word || half_ == Half::high, word || half_ == Half::low);
+}
+
+void frmEditRegister::showRegisterValue() {
     const bool word = width() == Width::word;
     const QString byteRange = half_ == Half::low ? "7-0" : "15-8";
     const QString range = word ? "15-0" : byteRange;
     const int value = memoryWord(machine_, address_);
     const int byte = half_ == Half::high ? value >> 8 : value & 0xFF;
     showAccess(hex(shownAddress(), 3) + "H " + name_ + " " + range, "bit " + range, word ? hex(value, 4) : hex(byte, 2));
-    emit rowMarked(row_, word || half_ == Half::high, word || half_ == Half::low);
 }
 
 // Write, Cancel, Escape and the close box all end here.

@@ -28,9 +28,11 @@ public slots:
     void done(int result) override;
 
 protected:
-    void setupAccess() override;
+    void setupAccess() override { setupRegisterDialog(); }
 
 private:
+    void setupRegisterDialog();
+    void showRegisterValue();
     int shownAddress() const;
 
     Machine& machine_;

@@ -89,12 +89,24 @@ frmDialog* AidWindows::makeDialog() {
 
 void AidWindows::say(const Answer& answer, const QWidget* form) {
     if (const auto* notice = std::get_if<Popup>(&answer)) {
-        emit beepWanted();
-        frmMessage_->popup(QString::fromStdString(notice->text),
-                           form != nullptr ? form->frameGeometry().topLeft() : QCursor::pos());
+        const QString text = QString::fromStdString(notice->text);
+        form != nullptr ? popupAtForm(*form, text) : popupAtPointer(text);
     } else if (const auto* warning = std::get_if<Warning>(&answer)) {
         frmDialog_->warningDialog(*warning);
     }
+}
+
+void AidWindows::popupAtPointer(const QString& text) {
+    popup(text, QCursor::pos());
+}
+
+void AidWindows::popupAtForm(const QWidget& form, const QString& text) {
+    popup(text, form.frameGeometry().topLeft());
+}
+
+void AidWindows::popup(const QString& text, QPoint point) {
+    emit beepWanted();
+    frmMessage_->popup(text, point);
 }
 
 void AidWindows::ask(const Warning& question, std::function<void(bool yes)> answered) {

@@ -38,6 +38,8 @@ public:
     // --- what is said ----------------------------------------------------------------------------------------------------
     // A popup at the top left of `form`, or at the pointer for null; or a warning.
     void say(const Answer& answer, const QWidget* form = nullptr);
+    void popupAtPointer(const QString& text);
+    void popupAtForm(const QWidget& form, const QString& text);
     // A warning whose answer decides what follows.
     void ask(const Warning& question, std::function<void(bool yes)> answered);
     void hideMessage() { frmMessage_.hide(); }
@@ -103,6 +105,7 @@ private:
     frmNavigation* makeNavigation();
     void startNavigation(std::size_t number);
     void hear(const QString& text);
+    void popup(const QString& text, QPoint point);
 
     Machine& machine_;
     QMdiArea& area_;

@@ -99,7 +99,7 @@ void frmDialog::dismiss() {
     hide();
 }
 
-void frmDialog::answer(Result result) {
+void frmDialog::answer(Result dialogResult) {
     if (waiting_.empty()) {
         return;
     }
@@ -111,7 +111,7 @@ void frmDialog::answer(Result result) {
         showFirst();
     }
     if (next) {
-        next(result);
+        next(dialogResult);
     }
 }
 

@@ -40,7 +40,7 @@ protected:
 
 private:
     void showFirst();
-    void answer(Result result);
+    void answer(Result dialogResult);
 
     struct Waiting {
         Warning warning;

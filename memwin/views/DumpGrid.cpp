@@ -77,7 +77,7 @@ QRect DumpGrid::cellRect(int cell, Side side) const {
     const int top = topOfRow(cell / cellsPerRow);
     const int column = cell % cellsPerRow;
     if (side == Side::ascii) {
-        return {twips(asciiLeft(piMode_)) + asciiMargin + column * asciiPitch, top, asciiPitch, rowHeight};
+        return {twips(layoutOf(piMode_).asciiLeft) + asciiMargin + column * asciiPitch, top, asciiPitch, rowHeight};
     }
     return {hexLeft + twips(columnLeft(piMode_, column)), top, cellPixels, rowHeight};
 }
@@ -108,7 +108,7 @@ std::optional<DumpGrid::Hit> DumpGrid::hitAt(QPoint point) const {
 
 void DumpGrid::setPiMode(ByteView piMode) {
     piMode_ = piMode;
-    setFixedSize(twips(windowWidth(piMode)), gridHeight());
+    setFixedSize(twips(layoutOf(piMode).windowWidth), gridHeight());
     update();
 }
 
@@ -164,8 +164,8 @@ void DumpGrid::paintEvent(QPaintEvent* event) {
 void DumpGrid::paintFrames(QPainter& painter) {
     painter.fillRect(rect(), QColor::fromRgb(look::windowFace));
     const int foot = gridHeight() - 2;
-    for (const QRect& part :
-         {QRect(hexLeft, 0, twips(hexWidth(piMode_)), foot), QRect(twips(asciiLeft(piMode_)), 0, asciiWidth, foot)}) {
+    for (const QRect& part : {QRect(hexLeft, 0, twips(layoutOf(piMode_).hexWidth), foot),
+                              QRect(twips(layoutOf(piMode_).asciiLeft), 0, asciiWidth, foot)}) {
         painter.fillRect(part, Qt::white);
         painter.fillRect(QRect(part.topLeft(), QSize(part.width(), headingHeight)), QColor::fromRgb(headingFace));
         painter.setPen(QColor::fromRgb(frameLine));
@@ -192,7 +192,7 @@ void DumpGrid::paintHeading(QPainter& painter) {
         place.moveTop(labelTop);
         painter.drawText(place, Qt::AlignCenter, QChar(QLatin1Char(asciiLabels[static_cast<std::size_t>(column)])));
     }
-    const int ascii = twips(asciiLeft(piMode_));
+    const int ascii = twips(layoutOf(piMode_).asciiLeft);
     painter.drawText(QRect(ascii, labelTop, asciiMargin + 1, 12), Qt::AlignCenter, "-");
     painter.setFont(look::interfaceFont(8));
     painter.drawText(QRect(ascii, 0, asciiWidth, 10), Qt::AlignCenter, "Ascii Dump");

@@ -98,7 +98,7 @@ void frmDump::setAreaLayout() {
 void frmDump::layoutCells(ByteView piMode) {
     cmbBit_[static_cast<std::size_t>(piMode)]->setChecked(true);
     grid_->setPiMode(piMode);
-    const int width = twips(windowWidth(piMode));
+    const int width = twips(layoutOf(piMode).windowWidth);
     chkTopMost_->setGeometry(width - checkBoxWidth - 4, buttonTop - 1, checkBoxWidth, buttonHeight + 2);
     setFixedSize(width, gridTop + grid_->gridHeight());
     const char given = piMode == ByteView::byte ? 'B' : 'W';

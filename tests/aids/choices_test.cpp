@@ -1,5 +1,6 @@
 #include "aids/circuitDiagrams.h"
 #include "aids/hintPages.h"
+#include "aids/progressLine.h"
 #include "tests/bench.h"
 
 #include <gtest/gtest.h>
@@ -7,36 +8,26 @@
 namespace {
 
 TEST(CircuitDiagram, follows_every_setting_that_it_shows) {
-    struct Row {
+    struct Case {
         int index, cpuType, duplex;
         bool cascade;
         Diagram files;
     };
-    const std::initializer_list<Row> rows{
-        {0, 0, 16, true, {"QDA60_FULL_16BIT.BMP", ""}},
-        {0, 1, 16, true, {"QDA60_FULL_8BIT.BMP", ""}},
-        {0, 2, 0, true, {"QDA60_HALF_16BIT.BMP", ""}},
-        {0, 3, 0, true, {"QDA60_HALF_8BIT.BMP", ""}},
-        {1, 0, 16, true, {"QDA41_FULL_NEST.BMP", ""}},
-        {1, 0, 0, true, {"QDA41_FULL_NEST.BMP", "QDA41_ADD_HALF.BMP"}},
-        {1, 0, 16, false, {"QDA41_FULL.BMP", ""}},
-        {1, 1, 0, false, {"QDA41_FULL.BMP", "QDA41_ADD_HALF.BMP"}},
-        {2, 0, 0, true, {"QDA41_NEST.BMP", ""}},
-        {3, 0, 16, true, {"QDA73_FULL.BMP", ""}},
-        {3, 0, 0, true, {"QDA73_HALF.BMP", ""}},
-        {5, 0, 16, true, {"", ""}},
-        {-1, 0, 16, true, {"", ""}},
-    };
     Machine machine = makersMachine();
-    for (const Row& row : rows) {
+    for (const Case& row :
+         {Case{0, 0, 16, true, {"QDA60_FULL_16BIT.BMP", ""}}, Case{0, 1, 16, true, {"QDA60_FULL_8BIT.BMP", ""}},
+          Case{0, 2, 0, true, {"QDA60_HALF_16BIT.BMP", ""}}, Case{0, 3, 0, true, {"QDA60_HALF_8BIT.BMP", ""}},
+          Case{1, 0, 16, true, {"QDA41_FULL_NEST.BMP", ""}}, Case{1, 0, 0, true, {"QDA41_FULL_NEST.BMP", "QDA41_ADD_HALF.BMP"}},
+          Case{1, 0, 16, false, {"QDA41_FULL.BMP", ""}}, Case{1, 1, 0, false, {"QDA41_FULL.BMP", "QDA41_ADD_HALF.BMP"}},
+          Case{2, 0, 0, true, {"QDA41_NEST.BMP", ""}}, Case{3, 0, 16, true, {"QDA73_FULL.BMP", ""}},
+          Case{3, 0, 0, true, {"QDA73_HALF.BMP", ""}}, Case{5, 0, 16, true, {}}, Case{-1, 0, 16, true, {}}}) {
         machine.cpuType = static_cast<std::int16_t>(row.cpuType);
         machine.duplexBit = static_cast<std::uint8_t>(row.duplex);
         machine.picBridge.visible = row.cascade;
         EXPECT_EQ(diagramFor(machine, row.index), row.files) << row.index << " " << row.files.picture;
     }
-    for (std::int16_t mode = 0; mode < 8; ++mode) {
-        machine.ios52 = mode;
-        const std::string picture = "QDA52_IOS_" + std::to_string(mode) + ".BMP";
+    for (machine.ios52 = 0; machine.ios52 < 8; ++machine.ios52) {
+        const std::string picture = "QDA52_IOS_" + std::to_string(machine.ios52) + ".BMP";
         machine.duplexBit = 16;
         EXPECT_EQ(diagramFor(machine, 4), (Diagram{picture, ""}));
         machine.duplexBit = 0;
@@ -58,6 +49,20 @@ TEST(HintPages, are_the_lines_that_are_no_comment) {
     EXPECT_EQ(pageFor(pages, "C2CR"), 3U) << "a part of a caption";
     EXPECT_EQ(pageFor({{"a", "xSCRx"}, {"b", "SCR"}}, "SCR"), 0U) << "the first match wins";
     EXPECT_EQ(pageFor(pages, "BCR"), std::nullopt);
+}
+
+TEST(ProgressLine, brings_a_message_to_the_middle_and_the_bar_over_it_in_eight_steps) {
+    // Half a place goes to the even number.
+    for (const auto& [length, blanks] :
+         Rows<2>{{1, 16}, {2, 16}, {4, 14}, {9, 12}, {30, 2}, {31, 1}, {32, 0}, {33, 0}, {34, 0}, {60, 0}}) {
+        const std::u16string text(static_cast<std::size_t>(length), u'中');
+        EXPECT_EQ(progressLine(text), std::u16string(static_cast<std::size_t>(blanks), u'　') + text) << "length " << length;
+    }
+    int step = 0;
+    for (const int width : {0, 50, 100, 150, 200, 250, 300, 350, 400, 400}) {
+        EXPECT_EQ(progressBarWidth(400, step), width);
+        step = nextProgressStep(step);
+    }
 }
 
 }  // namespace

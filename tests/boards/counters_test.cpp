@@ -41,31 +41,16 @@ int powerShown(const Machine& machine) {
 }
 
 TEST(Counters, count_at_the_release_and_wrap) {
-    for (const auto& [before, after] : {std::pair{0, 1}, {0xFF, 0x100}, {0x0FFF, 0x1000}, {0xFFFF, 0}}) {
+    for (const auto& [before, after] : Rows<2>{{0, 1}, {0xFF, 0x100}, {0x0FFF, 0x1000}, {0xFFFF, 0}}) {
         for (const std::size_t word : {std::size_t{0}, std::size_t{11}, std::size_t{24}}) {
             Machine machine = makersMachine();
             setCounter(machine, word, before);
             picCounter_MouseDown(machine, word);
-            EXPECT_EQ(counterWord(machine, word), before);
+            EXPECT_TRUE(counterWord(machine, word) == before && machine.picCounter[word].down);
             picCounter_MouseUp(machine, word);
-            EXPECT_EQ(counterWord(machine, word), after);
-            EXPECT_FALSE(machine.picCounter[word].down);
+            EXPECT_TRUE(counterWord(machine, word) == after && !machine.picCounter[word].down);
         }
     }
-}
-
-TEST(Counters, are_read_and_cleared_by_the_scan) {
-    Machine machine = scanningMachine();
-    press(machine, 2);
-    press(machine, 2);
-    press(machine, 8);
-    setCommand(machine, 2, 3);   // C3 of Board No2
-    setCommand(machine, 3, 11);  // C3 of Board No3, cleared
-    ticks(machine, 4);
-    EXPECT_EQ(memoryWord(machine, 0x280 + 4), 2);
-    EXPECT_EQ(memoryWord(machine, 0x280 + 6), 0);
-    EXPECT_EQ(counterWord(machine, 2), 2);
-    EXPECT_EQ(counterWord(machine, 8), 0);
 }
 
 TEST(Counters, of_board_no4_shows_twelve_bits_beside_the_four_switches) {
@@ -74,106 +59,92 @@ TEST(Counters, of_board_no4_shows_twelve_bits_beside_the_four_switches) {
     picPI_Click(machine, 66);
     setCounter(machine, 24, 0x0FFE);
     press(machine, 24);
-    EXPECT_EQ(machine.diImage[8] | machine.diImage[9] << 8, 0x4FFF);
+    EXPECT_EQ(inputOf(machine, 5), 0x4FFF);
     press(machine, 24);
-    EXPECT_EQ(machine.diImage[8] | machine.diImage[9] << 8, 0x4000);
+    EXPECT_EQ(inputOf(machine, 5), 0x4000);
     EXPECT_EQ(counterWord(machine, 24), 0x1000);
     press(machine, 24);
     cmbIOS_LostFocus(machine, 0);
-    EXPECT_EQ(machine.diImage[8], 0);
+    EXPECT_EQ(inputOf(machine, 5), 0);
     cmbIOS_LostFocus(machine, 7);
-    EXPECT_EQ(machine.diImage[8], 1) << "the counter shows again after a change of mode";
+    EXPECT_EQ(inputOf(machine, 5), 1) << "the counter shows again after a change of mode";
 
     machine.mode52 = 2;
     press(machine, 25);
     EXPECT_EQ(counterWord(machine, 24), 0x1001) << "a dead button in any mode but 0";
+    machine.cmbMode.listIndex = 2;
     EXPECT_EQ(cmbMode_LostFocus(machine),
               Answer(Warning{"ＱＤＡ５２のカウンタモードの、０以外の動作はユーザーズマニュアルをご参照ください。"}));
-    EXPECT_EQ(machine.mode52, 2);
+    EXPECT_TRUE(machine.mode52 == 2 && machine.cmbMode.listIndex == 0);
     machine.mode52 = 0;
     picCounter_MouseDown(machine, 25);
-    EXPECT_EQ(counterWord(machine, 24) | machine.diImage[8], 0);
+    EXPECT_EQ(counterWord(machine, 24) | inputOf(machine, 5), 0);
 }
 
-TEST(Lamp, has_eight_levels_in_one_direction_only) {
+TEST(Pwm, lamp_has_eight_levels_in_one_direction_only_and_the_motor_turns_the_faster_the_higher_the_power) {
     for (int power = 0; power < 64; ++power) {
-        const Machine machine = driven(6, 0x40 | power);
-        EXPECT_EQ(machine.lampLevel, power / 8);
-        EXPECT_EQ(powerShown(machine), power);
-        EXPECT_EQ(machine.timMotorInterval, 0);
+        const Machine lamp = driven(6, 0x40 | power);
+        EXPECT_EQ(lamp.lampLevel, power / 8);
+        EXPECT_EQ(powerShown(lamp), power);
+        EXPECT_EQ(lamp.timMotorInterval, 0);
     }
     for (const int direction : {0x00, 0x80, 0xC0}) {
-        const Machine machine = driven(6, direction | 0x3F);
-        EXPECT_EQ(machine.lampLevel | powerShown(machine), 0) << direction;
+        const Machine lamp = driven(6, direction | 0x3F);
+        EXPECT_EQ(lamp.lampLevel | powerShown(lamp), 0) << direction;
     }
-}
-
-TEST(Motor, turns_the_faster_the_higher_the_power) {
-    struct Row {
-        int power, interval;
-    };
-    for (const Row& row :
-         {Row{0, 0}, Row{1, 999}, Row{31, 564}, Row{32, 550}, Row{60, 144}, Row{61, 129}, Row{62, 114}, Row{63, 125}}) {
+    for (const auto& [power, interval] :
+         Rows<2>{{0, 0}, {1, 999}, {31, 564}, {32, 550}, {60, 144}, {61, 129}, {62, 114}, {63, 125}}) {
         for (const int direction : {0x40, 0x80}) {
-            const Machine machine = driven(7, direction | row.power);
-            EXPECT_EQ(machine.timMotorInterval, row.interval) << row.power;
-            EXPECT_EQ(powerShown(machine), row.power);
+            const Machine motor = driven(7, direction | power);
+            EXPECT_EQ(motor.timMotorInterval, interval) << power;
+            EXPECT_EQ(powerShown(motor), power);
         }
-        EXPECT_EQ(driven(7, 0xC0 | row.power).timMotorInterval, 0);
-        EXPECT_EQ(driven(5, 0x40 | row.power).timMotorInterval, 0) << "no motor on a plain port";
+        EXPECT_EQ(driven(7, 0xC0 | power).timMotorInterval, 0);
+        EXPECT_EQ(driven(5, 0x40 | power).timMotorInterval, 0) << "no motor on a plain port";
+    }
+    for (int mode = 0; mode < 8; ++mode) {
+        const Machine machine = driven(mode, 0);
+        EXPECT_TRUE(pwmShown(machine) == (mode >= 6) && motorTurns(machine) == (mode == 7)) << mode;
     }
 }
 
 TEST(Motor, steps_its_pictures_by_direction_and_restarts_them_with_each_word) {
-    Machine machine = driven(7, 0x0060);
-    EXPECT_EQ(machine.motorPhase * 100 + machine.motorStep * 10 + machine.motorCounter, 140);
-    std::string phases;
-    for (int step = 0; step < 4; ++step) {
-        timMotor_Timer(machine);
-        phases += std::to_string(machine.motorPhase) + std::to_string(machine.motorStep) + " ";
+    struct Case {
+        int word, first;
+        const char* phases;  // belt, sawtooth, row of the sawtooth
+    };
+    for (const Case& row : {Case{0x0060, 140, "330 220 110 340 "}, Case{0x0090, 111, "221 331 141 211 "}}) {
+        Machine machine = driven(7, row.word);
+        const auto shown = [&] { return machine.motorPhase * 100 + machine.motorStep * 10 + machine.motorCounter; };
+        EXPECT_EQ(shown(), row.first);
+        std::string phases;
+        for (int step = 0; step < 4; ++step) {
+            timMotor_Timer(machine);
+            phases += std::to_string(shown()) + " ";
+        }
+        EXPECT_EQ(phases, row.phases);
+        setMemoryWord(machine, doBase + 8, row.word | 0x0100);  // only a LED differs
+        ticks(machine, 4);
+        EXPECT_EQ(shown(), row.first);
     }
-    EXPECT_EQ(phases, "33 22 11 34 ");
-    setMemoryWord(machine, doBase + 8, 0x0160);  // only a LED differs
-    ticks(machine, 4);
-    EXPECT_EQ(machine.motorPhase * 10 + machine.motorStep, 14);
-
-    machine = driven(7, 0x0090);
-    phases.clear();
-    for (int step = 0; step < 4; ++step) {
-        timMotor_Timer(machine);
-        phases += std::to_string(machine.motorPhase) + std::to_string(machine.motorStep) + " ";
-    }
-    EXPECT_EQ(phases, "22 33 14 21 ");
-    EXPECT_EQ(machine.motorCounter, 1);
 }
 
-TEST(Motor, is_stopped_by_clr_reset_and_a_change_of_mode) {
+TEST(Pwm, is_stopped_by_clr_reset_and_a_change_of_mode) {
     Machine machine = driven(7, 0x00BF);
-    ASSERT_EQ(machine.timMotorInterval, 125);
-    picCLR_DblClick(machine, 4);
-    EXPECT_EQ(machine.timMotorInterval, 0);
-    EXPECT_EQ(machine.doLow52, 0xBF) << "the last direction stays";
-    picCLR_MouseUp(machine, 4);
-    ticks(machine, 4);
-    EXPECT_EQ(machine.timMotorInterval, 125);
-    picReset_DblClick(machine, 5);
-    EXPECT_EQ(machine.timMotorInterval | powerShown(machine), 0);
-    picReset_MouseUp(machine, 5);
-    ticks(machine, 4);
-    cmbIOS_LostFocus(machine, 6);
-    EXPECT_EQ(machine.timMotorInterval, 0);
-}
-
-TEST(NoiseButton, begins_its_quiet_time_anew_at_each_press) {
-    Machine machine = scanningMachine();
-    for (int time = 0; time < 2; ++time) {
-        picNoise_MouseDown(machine);
-        ticks(machine, 40);
-        EXPECT_EQ(machine.chipMemory[reg::c1crLow], time + 1) << "each press spoils one visit";
-        picNoise_MouseUp(machine);
-        ticks(machine, 40);
+    for (const bool reset : {false, true}) {
+        EXPECT_EQ(machine.timMotorInterval, 125);
+        reset ? picReset_DblClick(machine, 5) : picCLR_DblClick(machine, 4);
+        EXPECT_EQ(machine.timMotorInterval | powerShown(machine), 0);
+        EXPECT_EQ(machine.doLow52, 0xBF) << "the last direction stays";
+        reset ? picReset_MouseUp(machine, 5) : picCLR_MouseUp(machine, 4);
+        ticks(machine, 4);
     }
-    EXPECT_EQ(machine.noiseBurst, 460);
+    for (const int mode : {6, 5, 4}) {
+        machine = driven(mode == 6 ? 7 : 6, 0x007F);
+        cmbIOS_LostFocus(machine, mode);
+        EXPECT_EQ(machine.timMotorInterval, 0);
+        EXPECT_TRUE(machine.lampLevel == (mode == 6 ? 7 : 0) && powerShown(machine) == 63) << mode;
+    }
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "boards/network.h"
 
+#include "boards/portPins.h"
 #include "boards/stationCheck.h"
 #include "tests/bench.h"
 
@@ -12,182 +13,140 @@ std::string warningOf(const Answer& answer) {
     return warning == nullptr ? std::string() : warning->text;
 }
 
-// The terminators that show, as digits.
-std::string terminators(const Machine& machine) {
+// The links that are whole, the plugged connectors of the center, and the terminators that show, as digits: "123 0 04".
+std::string line(const Machine& machine) {
     std::string text;
+    for (std::size_t link = 0; link < linkConnector.size(); ++link) {
+        text += machine.picBOARD2_RXD[linkConnector[link]].plugged ? std::to_string(link + 1) : "";
+    }
+    text += " ";
+    for (std::size_t number = 0; number < 2; ++number) {
+        text += machine.picBOARD1_RXD[number].plugged ? std::to_string(number) : "";
+    }
+    text += " ";
     for (std::size_t number = 0; number < machine.picTermR.size(); ++number) {
         text += machine.picTermR[number].visible ? std::to_string(number) : "";
     }
     return text;
 }
 
-// The links that are whole, as digits 1 to 3.
-std::string links(const Machine& machine) {
-    std::string text;
-    for (std::size_t link = 0; link < linkConnector.size(); ++link) {
-        text += machine.picBOARD2_RXD[linkConnector[link]].plugged ? std::to_string(link + 1) : "";
-    }
-    return text;
-}
-
-TEST(Cables, every_end_and_half_moves_its_own_cable) {
-    const std::array<std::string, 6> withoutIt{"23", "13", "13", "12", "12", "123"};
-    for (std::size_t connector = 0; connector < 6; ++connector) {
+TEST(Cables, every_end_and_half_moves_its_own_cable_and_the_terminators_stand_at_the_ends) {
+    using Gesture = Answer (*)(Machine&, std::size_t);
+    struct Case {
+        Gesture gesture;
+        std::size_t index;
+        const char* without;
+    };
+    for (const auto& [gesture, index, without] :
+         {Case{picBOARD2_RXD_DblClick, 0, "23  "}, Case{picBOARD2_RXD_DblClick, 1, "13 0 03"},
+          Case{picBOARD2_RXD_DblClick, 2, "13 0 03"}, Case{picBOARD2_RXD_DblClick, 3, "12 0 02"},
+          Case{picBOARD2_RXD_DblClick, 4, "12 0 02"}, Case{picBOARD2_RXD_DblClick, 5, "123 0 04"},
+          Case{picCableUp_Click, 0, "23  "}, Case{picCableUp_Click, 1, "13 0 03"}, Case{picCableUp_Click, 2, "12 0 02"},
+          Case{picCableDn_Click, 0, "23  "}, Case{picCableDn_Click, 1, "13 0 03"}, Case{picCableDn_Click, 2, "12 0 02"},
+          Case{picBOARD1_RXD_DblClick, 0, "23  "}}) {
         Machine machine = makersMachine();
-        picBOARD2_RXD_DblClick(machine, connector);
-        EXPECT_EQ(links(machine), withoutIt[connector]) << "connector " << connector;
-        picBOARD2_RXD_DblClick(machine, connector);
-        EXPECT_EQ(links(machine), "123");
+        gesture(machine, index);
+        EXPECT_EQ(line(machine), without) << index;
+        gesture(machine, index);
+        EXPECT_EQ(line(machine), "123 0 04") << index;
     }
-    const std::array<std::string, 3> withoutCable{"23", "13", "12"};
-    for (std::size_t cable = 0; cable < 3; ++cable) {
-        for (const auto click : {picCableUp_Click, picCableDn_Click}) {
-            Machine machine = makersMachine();
-            click(machine, cable);
-            EXPECT_EQ(links(machine), withoutCable[cable]);
-            click(machine, cable);
-            EXPECT_EQ(links(machine), "123");
-        }
-    }
-}
-
-TEST(Cables, terminators_stand_at_the_two_ends_of_the_line) {
-    const std::array<std::string, 8> expected{"", "03", "", "02", "", "03", "", "04"};  // by link bits 1, 2, 4
-    for (std::size_t whole = 0; whole < 8; ++whole) {
+    for (const auto& [out, left] : {std::pair{"12", "3  "}, {"13", "2  "}, {"23", "1 0 03"}, {"123", "  "}}) {
         Machine machine = makersMachine();
-        for (std::size_t link = 0; link < 3; ++link) {
-            if ((whole >> link & 1) == 0) {
-                picCableUp_Click(machine, link);
-            }
+        for (const char cable : std::string_view(out)) {
+            picCableUp_Click(machine, static_cast<std::size_t>(cable - '1'));
         }
-        EXPECT_EQ(terminators(machine), expected[whole]) << "links " << links(machine);
+        EXPECT_EQ(line(machine), left);
     }
-    Machine untouched;
-    Mdef_Set(untouched);
-    untouched.cableConnectionDefault = 0;
-    setUpBench(untouched);
-    EXPECT_EQ(terminators(untouched), "01234") << "all show until the first gesture";
-    picBOARD2_RXD_DblClick(untouched, 5);
-    EXPECT_EQ(terminators(untouched), "");
 }
 
 TEST(Cables, cable_0_moves_between_the_centers_connectors_without_a_failed_visit) {
     Machine machine = scanningMachine();
     ticks(machine, 6);
     picBOARD1_RXD_DblClick(machine, 1);
-    EXPECT_TRUE(machine.picBOARD1_RXD[1].plugged && !machine.picBOARD1_RXD[0].plugged);
+    EXPECT_EQ(line(machine), "123 1 14");
     EXPECT_EQ(machine.picCableUpTop, 62);
-    EXPECT_EQ(terminators(machine), "14");
     ticks(machine, 40);
     EXPECT_EQ(machine.chipMemory[reg::c1crLow], 0);
-
     picCableDn_Click(machine, 0);
-    EXPECT_EQ(links(machine), "23");
-    EXPECT_FALSE(machine.picBOARD1_RXD[0].plugged || machine.picBOARD1_RXD[1].plugged);
+    EXPECT_EQ(line(machine), "23  ");
     picCableDn_Click(machine, 0);
-    EXPECT_TRUE(machine.picBOARD1_RXD[1].plugged) << "the cable remembers its connector";
+    EXPECT_EQ(line(machine), "123 1 14") << "the cable remembers its connector";
     picCableUp_Click(machine, 0);
-    EXPECT_FALSE(machine.picBOARD1_RXD[1].plugged);
+    EXPECT_EQ(line(machine), "23  ");
     picBOARD1_RXD_DblClick(machine, 0);
     EXPECT_EQ(machine.picCableUpTop, 24);
 
     Machine fresh;
     setUpBench(fresh);
+    EXPECT_EQ(line(fresh), "  01234") << "all show until the first gesture";
     picBOARD2_RXD_DblClick(fresh, 0);
-    EXPECT_TRUE(fresh.picBOARD1_RXD[0].plugged);
+    EXPECT_EQ(line(fresh), "1 0 03");
     EXPECT_EQ(fresh.picCableUpTop, 26) << "first plugged at the board it stays where it lay";
 }
 
-TEST(CascadeCard, answers_on_the_next_address_and_widens_the_bench) {
-    Machine machine = scanningMachine();
+TEST(CascadeCard, and_the_pwm_panel_widen_the_bench) {
+    Machine machine = makersMachine();
     EXPECT_EQ(formWidth(machine), 13330);
     picBridge_DblClick(machine);
-    EXPECT_EQ(formWidth(machine), 7890);
-    ticks(machine, 4);
-    EXPECT_EQ(statusOf(machine, 3), 0x14);
-    picFConn_DblClick(machine);
-    picFConn_DblClick(machine);
-    ticks(machine, 4);
-    EXPECT_EQ(statusOf(machine, 3), 0);
-    picBridge_DblClick(machine);
+    EXPECT_TRUE(formWidth(machine) == 7890 && !machine.picBridge.visible);
     machine.ios52 = 6;
-    EXPECT_EQ(formWidth(machine), 13330) << "the PWM panel wants the room too";
+    EXPECT_EQ(formWidth(machine), 13330);
+    picFConn_DblClick(machine);
+    picFConn_DblClick(machine);
+    EXPECT_TRUE(machine.picBridge.visible);
 }
 
 TEST(Duplex, is_refused_in_a_scan_asked_and_warned_of) {
+    Machine machine = makersMachine();
     for (bool Machine::*scan : {&Machine::scanRunning, &Machine::scanOneShot}) {
-        Machine machine = makersMachine();
         machine.*scan = true;
         EXPECT_EQ(picJumper_DblClick(machine), Answer(Popup{"スキャン中の変更は禁止です。"}));
+        machine.*scan = false;
     }
-    Machine machine = makersMachine();
-    const Answer question = picJumper_DblClick(machine);
-    EXPECT_EQ(question, Answer(Warning{"すべてのボードの通信方式を切り替えます。\nよろしいですか？", "切り替え確認",
-                                       Warning::Kind::okCancel}));
-    EXPECT_EQ(picJumper_Answered(machine, false), Answer());
-    EXPECT_EQ(machine.duplexBit, 16);
+    EXPECT_EQ(picJumper_DblClick(machine), Answer(Warning{"すべてのボードの通信方式を切り替えます。\nよろしいですか？",
+                                                          "切り替え確認", Warning::Kind::okCancel}));
     const Answer mismatch = Warning{"設定がＱＤＡ６０のレジスタ設定と一致していません。"};
-    EXPECT_EQ(picJumper_Answered(machine, true), mismatch);
-    EXPECT_EQ(machine.duplexBit, 0);
-    EXPECT_FALSE(machine.picJumperFull);
-    EXPECT_EQ(picJumper_Answered(machine, false), mismatch) << "a cancel is warned as well";
-    EXPECT_EQ(picJumper_Answered(machine, true), Answer());
-
-    picJumper_Answered(machine, true);
+    // OK or not, and the jumpers afterwards. A cancel is warned as well.
+    for (const auto& [ok, duplexBit] : Rows<2>{{0, 16}, {1, 0}, {0, 0}, {1, 16}, {1, 0}}) {
+        EXPECT_EQ(picJumper_Answered(machine, ok != 0), duplexBit == 0 ? mismatch : Answer());
+        EXPECT_EQ(machine.duplexBit, duplexBit);
+        EXPECT_EQ(machine.picJumperFull, duplexBit == 16);
+    }
     resetRegisters(machine);
     EXPECT_EQ(machine.duplexBit, 16);
     EXPECT_FALSE(machine.picJumperFull) << "a reset leaves the jumpers as they are drawn";
 }
 
-TEST(DoubledAddresses, are_named_by_slot_first_pair_first) {
-    const auto text = [](int first, int second) {
-        return "ボード" + std::to_string(first) + "と、ボード" + std::to_string(second) +
-               "のＳＡが重複しています｡正常な通信が行えません｡ ";
-    };
-    struct Row {
-        int sa41, sa73, sa52;
-        bool card;
-        int openLink;  // 0 for none
-        std::string warning;
-    };
-    for (const Row& row : {
-             Row{2, 1, 4, true, 0, ""},
-             Row{5, 5, 9, false, 0, text(1, 3)},
-             Row{5, 1, 6, true, 0, text(2, 5)},
-             Row{5, 1, 6, false, 0, ""},
-             Row{5, 6, 9, true, 0, text(2, 3)},
-             Row{7, 7, 7, false, 0, text(1, 3)},
-             Row{5, 9, 9, false, 0, text(3, 5)},
-             Row{5, 1, 5, false, 3, ""},
-             Row{5, 5, 9, false, 2, ""},  // Board No1 counts by link 2
-             Row{5, 5, 9, false, 1, ""},  // Board No2 by link 1
-             Row{5, 9, 9, false, 1, text(3, 5)},
-         }) {
+TEST(DoubledAddresses, are_named_by_slot_first_pair_first_when_the_start_up_is_done) {
+    // SA of Board No2, No1 and No4, the card, an open link or 0, and the pair of slots as digits. The line is read link by
+    // link: Board No2 counts by link 1, Board No1 by link 2, Board No4 by link 3.
+    for (const auto& [sa41, sa73, sa52, card, openLink, pair] :
+         {Row<6>{2, 1, 4, 1, 0, 0}, Row<6>{5, 5, 9, 0, 0, 13}, Row<6>{5, 1, 6, 1, 0, 25}, Row<6>{5, 1, 6, 0, 0, 0},
+          Row<6>{5, 6, 9, 1, 0, 23}, Row<6>{7, 7, 7, 0, 0, 13}, Row<6>{5, 9, 9, 0, 0, 35}, Row<6>{5, 1, 5, 0, 3, 0},
+          Row<6>{5, 5, 9, 0, 2, 0}, Row<6>{5, 5, 9, 0, 1, 0}, Row<6>{5, 9, 9, 0, 1, 35}, Row<6>{5, 6, 9, 1, 1, 0},
+          Row<6>{4, 1, 4, 1, 2, 15}, Row<6>{1, 2, 3, 1, 0, 23}}) {
+        SCOPED_TRACE(testing::Message() << sa41 << " " << sa73 << " " << sa52 << " open " << openLink);
         Machine machine = makersMachine();
-        machine.picBridge.visible = row.card;
-        cmbSA_LostFocus(machine, saQDA41, row.sa41 - 1);
-        cmbSA_LostFocus(machine, saQDA73, row.sa73 - 1);
-        if (row.openLink != 0) {
-            unplug(machine, row.openLink);
-        }
-        EXPECT_EQ(warningOf(cmbSA_LostFocus(machine, saQDA52, row.sa52 - 1)), row.warning)
-            << row.sa41 << " " << row.sa73 << " " << row.sa52 << " open " << row.openLink;
+        machine.picBridge.visible = card != 0;
+        cmbSA_LostFocus(machine, saQDA41, sa41 - 1);
+        cmbSA_LostFocus(machine, saQDA73, sa73 - 1);
+        plug(machine, std::max(openLink, 1), openLink == 0);
+        const std::string text = "ボード" + std::to_string(pair / 10) + "と、ボード" + std::to_string(pair % 10) +
+                                 "のＳＡが重複しています｡正常な通信が行えません｡ ";
+        EXPECT_EQ(warningOf(cmbSA_LostFocus(machine, saQDA52, sa52 - 1)), pair == 0 ? "" : text);
+        EXPECT_EQ(warningOf(chkSADup(machine)), pair == 0 ? "" : text);
+        machine.startupDone = false;
+        EXPECT_EQ(chkSADup(machine), Answer());
     }
-    Machine starting;
-    EXPECT_EQ(chkSADup(starting), Answer());
-    setUpBench(starting);  // no settings: all boards on SA 1
-    EXPECT_EQ(warningOf(picCableUp_Click(starting, 0)), "") << "silent until the start-up is done";
-    starting.startupDone = true;
-    EXPECT_EQ(warningOf(picCableUp_Click(starting, 1)), text(1, 3)) << "the first gesture afterwards warns";
-    EXPECT_EQ(warningOf(picCableUp_Click(starting, 0)), "") << "Board No2 counts by link 1";
-}
-
-TEST(DoubledAddresses, with_all_cables_out_the_line_is_read_tag_by_tag) {
+    // With all boards on one address every gesture that may bring two stations together asks.
     Machine machine = makersMachine();
-    cmbSA_LostFocus(machine, saQDA41, 3);
-    unplug(machine, 2);
-    EXPECT_EQ(warningOf(chkSADup(machine)), "ボード1と、ボード5のＳＡが重複しています｡正常な通信が行えません｡ ")
-        << "Board No4 counts by link 3 though link 2 is open";
+    for (const BoardIndex board : {saQDA41, saQDA73, saQDA52}) {
+        cmbSA_LostFocus(machine, board, 6);
+    }
+    for (const Answer& answer : {picBridge_DblClick(machine), picFConn_DblClick(machine), cmbIOS_LostFocus(machine, 0),
+                                 picBOARD1_RXD_DblClick(machine, 1), picCableDn_Click(machine, 2)}) {
+        EXPECT_NE(warningOf(answer), "");
+    }
 }
 
 }  // namespace

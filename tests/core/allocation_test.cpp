@@ -1,6 +1,7 @@
 // A firing allocates nothing. This file replaces the global operators new and delete of the whole test program by ones
 // that count.
 
+#include "boards/counters.h"
 #include "core/runControl.h"
 #include "tests/bench.h"
 
@@ -16,10 +17,7 @@ std::size_t heapCalls = 0;
 void* allocate(std::size_t size) {
     ++heapCalls;
     void* memory = std::malloc(size != 0 ? size : 1);
-    if (memory == nullptr) {
-        std::abort();
-    }
-    return memory;
+    return memory != nullptr ? memory : (std::abort(), nullptr);
 }
 
 void release(void* memory) {
@@ -31,9 +29,7 @@ void release(void* memory) {
 
 // clang-format off
 void* operator new(std::size_t size) { return allocate(size); }
-void* operator new[](std::size_t size) { return allocate(size); }
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return allocate(size); }
-void* operator new[](std::size_t size, const std::nothrow_t&) noexcept { return allocate(size); }
 void operator delete(void* memory) noexcept { release(memory); }
 void operator delete[](void* memory) noexcept { release(memory); }
 void operator delete(void* memory, std::size_t) noexcept { release(memory); }
@@ -44,8 +40,7 @@ namespace {
 
 TEST(Allocation, firing_with_failures_noise_and_interrupts_makes_none) {
     Machine machine = scanningMachine(16);
-    machine.noiseOn = true;
-    machine.noiseBurst = 500;
+    picNoise_MouseDown(machine);
     setByte(machine, reg::int0Enable, 0xFB);
     setByte(machine, reg::int1Enable, 0xFF);
     for (int sa = 1; sa <= 4; ++sa) {
@@ -57,9 +52,7 @@ TEST(Allocation, firing_with_failures_noise_and_interrupts_makes_none) {
     ASSERT_GE(heapCalls, 2U) << "the count is not in place";
     const std::size_t before = heapCalls;
     for (int firing = 0; firing < 60; ++firing) {
-        if (firing == 40) {
-            unplug(machine, 3);
-        }
+        plug(machine, 3, firing < 40);
         machine.diImage[2] ^= 0x81;
         setMemoryWord(machine, doBase + 2 * 4, firing);
         machine.serialReady[0] = true;

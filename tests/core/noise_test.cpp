@@ -1,5 +1,6 @@
 // The noise button: the press spoils one visit, then comes quiet, then random failures and a burst at one station.
 
+#include "boards/counters.h"
 #include "tests/bench.h"
 
 #include <gtest/gtest.h>
@@ -14,8 +15,7 @@ constexpr std::uint64_t seed = 20'000;
 Machine noisyMachine(int last, std::uint64_t systemTimer = seed) {
     Machine machine = scanningMachine(static_cast<std::uint8_t>(last));
     machine.systemTimer = systemTimer;
-    machine.noiseOn = true;
-    machine.noiseBurst = 500;
+    picNoise_MouseDown(machine);
     return machine;
 }
 
@@ -35,27 +35,23 @@ Spoiled spoiledVisits(Machine& machine, int count) {
 
 TEST(Noise, press_spoils_one_visit_then_499_ticks_are_quiet_and_all_ends_with_the_button) {
     Machine machine = noisyMachine(4);
+    setMemoryWord(machine, doBase + 2 * 1, 0xCAFE);
+    setInput(machine, slotQDA73, 0xAAAA);
+    setCommand(machine, 1, 0x10);
     setByte(machine, reg::int0Request, 0x04);
     ticks(machine, 50);
     EXPECT_EQ(machine.noiseBurst, 500) << "a held scan makes no visit";
     setByte(machine, reg::int0Request, 0);
-    EXPECT_EQ(spoiledVisits(machine, 500), (Spoiled{{1, 1}}));
-    EXPECT_EQ(machine.noiseBurst, 0);
-    machine.noiseOn = false;
-    EXPECT_TRUE(spoiledVisits(machine, 3000).empty());
-}
-
-TEST(Noise, boards_take_their_word_in_a_spoiled_visit) {
-    Machine machine = noisyMachine(4);
-    setMemoryWord(machine, doBase + 2 * 1, 0xCAFE);
-    setMemoryWord(machine, diBase + 2 * 1, 0xAAAA);
-    setCommand(machine, 1, 0x10);
     ticks(machine, 1);
     EXPECT_EQ(statusOf(machine, 1), 0x14);
-    EXPECT_EQ(latchOf(machine, slotQDA73), 0xCAFEU);
-    EXPECT_EQ(memoryWord(machine, diBase + 2 * 1), 0xAAAA);
-    EXPECT_EQ(commandOf(machine, 1), 0x10);
-    EXPECT_FALSE(machine.picMON_LED73.lit);
+    EXPECT_EQ(latchOf(machine, slotQDA73), 0xCAFEU) << "the board takes its word in a spoiled visit";
+    EXPECT_TRUE(memoryWord(machine, diBase + 2 * 1) == 0 && commandOf(machine, 1) == 0x10 && !machine.picMON_LED73.lit);
+    EXPECT_TRUE(spoiledVisits(machine, 499).empty());
+    EXPECT_EQ(machine.noiseBurst, 0);
+    picNoise_MouseUp(machine);
+    EXPECT_TRUE(spoiledVisits(machine, 3000).empty());
+    picNoise_MouseDown(machine);
+    EXPECT_EQ(spoiledVisits(machine, 500), (Spoiled{{1, 1}})) << "each press spoils one";
 }
 
 TEST(Noise, eleven_random_failures_then_four_more_at_the_last_station_then_anew) {

@@ -8,55 +8,42 @@
 
 namespace {
 
-// Ticks are counted by a LED timer, which runs with no scan at all.
-Machine countingMachine(int runMode) {
-    Machine machine = makersMachine();
-    machine.monLed73Timer = 1000;
-    machine.runMode = static_cast<std::int16_t>(runMode);
-    return machine;
-}
-
-TEST(RunControl, firing_makes_the_ticks_of_its_mode) {
-    for (const auto& [mode, tickCount, refresh] : Rows<3>{{0, 67, 1}, {1, 0, 1}, {2, 1, 1}, {3, 0, 1}, {4, 0, 0}}) {
+TEST(RunControl, firing_and_clicks_make_the_ticks_of_their_mode) {
+    // Ticks of a firing, whether it refreshes, ticks of a click, timer in milliseconds, width of the bar; last the restart.
+    for (const auto& [mode, ticksAFiring, refresh, ticksAClick, interval, width] :
+         {Row<6>{0, 67, 1, 0, 20, 51}, Row<6>{1, 0, 1, 0, 0, 9}, Row<6>{2, 1, 1, 0, 300, 9}, Row<6>{3, 0, 1, 1, 0, 9},
+          Row<6>{4, 0, 0, 0, 0, 9}}) {
         SCOPED_TRACE(mode);
-        Machine machine = countingMachine(mode);
+        Machine machine = makersMachine();
+        machine.monLed73Timer = 1000;  // counts the ticks, with no scan at all
+        machine.runMode = static_cast<std::int16_t>(mode);
         TickBar bar{.left = 9, .width = 51};
         const Firing firing = timTick_Timer(machine, bar);
-        EXPECT_EQ(1000 - machine.monLed73Timer, tickCount);
-        EXPECT_EQ(bar.left, tickCount != 0 ? 60 : 9);
-        EXPECT_EQ(firing.ticked, tickCount != 0);
-        EXPECT_EQ(firing.refresh, refresh != 0);
-        EXPECT_FALSE(firing.beep);
-    }
-}
-
-TEST(RunControl, click_chooses_the_mode_and_every_click_on_1_time_ticks) {
-    for (const auto& [mode, interval, width] : Rows<3>{{0, 20, 51}, {1, 0, 9}, {2, 300, 9}, {3, 0, 9}}) {
-        SCOPED_TRACE(mode);
-        Machine machine = countingMachine(modeRestart);
-        TickBar bar{.left = 51, .width = 51};
-        for (int click = 1; click <= 2; ++click) {
-            const Firing firing = lblRunMode_Click(machine, bar, mode);
-            const int ticksMade = mode == 3 ? click : 0;
+        EXPECT_EQ(1000 - machine.monLed73Timer, ticksAFiring);
+        EXPECT_EQ(bar.left, ticksAFiring != 0 ? 60 : 9);
+        EXPECT_TRUE(firing.ticked == (ticksAFiring != 0) && firing.refresh == (refresh != 0) && !firing.beep);
+        for (int click = 1; click <= 2 && mode < 4; ++click) {
+            machine.monLed73Timer = 1000;
+            bar = {.left = 51, .width = 51};
+            const Firing clicked = lblRunMode_Click(machine, bar, mode);
+            const bool ticked = ticksAClick != 0;
             EXPECT_EQ(machine.runMode, mode);
             EXPECT_EQ(bar.width, width);
-            EXPECT_EQ(1000 - machine.monLed73Timer, ticksMade);
-            EXPECT_EQ(bar.left, 51 + 9 * ticksMade);
-            EXPECT_TRUE(firing.ticked == (mode == 3) && firing.refresh == (mode == 3) && firing.beep == (mode == 3));
+            EXPECT_EQ(1000 - machine.monLed73Timer, ticksAClick);
+            EXPECT_EQ(bar.left, 51 + width * ticksAClick);
+            EXPECT_TRUE(clicked.ticked == ticked && clicked.refresh == ticked && clicked.beep == ticked);
+            EXPECT_EQ(runModes[static_cast<std::size_t>(mode)].interval, interval);
         }
-        EXPECT_EQ(runModes[static_cast<std::size_t>(mode)].interval, interval);
     }
 }
 
 TEST(RunControl, bar_stands_on_3_wide_or_17_narrow_places) {
     TickBar wide;
-    for (const int place : {0, 51, 102, 0, 51}) {
-        EXPECT_EQ(wide.left, place);
-        stepTickBar(wide);
-    }
     TickBar narrow{.left = 0, .width = 9};
     for (int step = 0; step < 34; ++step) {
+        EXPECT_EQ(wide.left, 51 * (step % 3));
         EXPECT_EQ(narrow.left, 9 * (step % 17));
+        stepTickBar(wide);
         stepTickBar(narrow);
     }
 }

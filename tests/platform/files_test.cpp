@@ -176,6 +176,7 @@ TEST_F(Files, of_pictures_are_of_the_formats_meant_and_within_their_bounds) {
         EXPECT_EQ(picture.reason.toStdString(), row.reason.empty() ? "" : row.name + row.reason);
         EXPECT_EQ(picture.image.isNull(), !row.reason.empty()) << row.name;
     }
+    EXPECT_TRUE(decodePicture(encoded("PNG", 4097, 1), PictureFormat::png).isNull());
     fs::resize_file(folder / "1.BMP", std::uintmax_t{12} << 30);
     EXPECT_EQ(loadPicture(folder, "1.BMP", 1).reason, "1.BMP は大きすぎます。");
 #ifdef __linux__
@@ -350,6 +351,9 @@ TEST_F(Files, of_settings_lie_beside_the_program_or_with_the_user_in_any_case_of
     EXPECT_EQ(own.saved(), folder / "vrb_ts2.ini");
     EXPECT_EQ(own.toRead(), own.saved());
     EXPECT_EQ(SettingsPlace(folder / "missing", user).saved(), user / "VRB_TS2.INI");
+    put(folder / uninstallerName, "");
+    EXPECT_EQ(SettingsPlace(folder, user).saved(), user / "VRB_TS2.INI") << "the installer's folder";
+    fs::remove(folder / uninstallerName);
 
     fs::permissions(folder, fs::perms(0555));
     const SettingsPlace installed = asAnybody([&] { return SettingsPlace(folder, user); });

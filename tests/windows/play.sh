@@ -1,0 +1,164 @@
+# shellcheck shell=bash
+# The names of run's folders come from run; a place is two words; what stands behind || ends the run.
+# shellcheck disable=SC2154,SC2086,SC2015
+# Sourced by run: what a learner does with the program and its packages.
+
+plays=0
+scene() { echo "-- $1"; plays=$((plays + 1)); }
+fails() { echo "$1"; shot failed; exit 1; }
+# expect NUMBER OPERATOR NUMBER WHAT
+expect() { test "$1" "$2" "$3" || fails "$4: $1, not $2 $3 in a thousand pixels"; }
+
+# The places that are looked at and clicked, on the bench, in the register window, in the settings and in the strip.
+bench_left=430x710+0+85
+cable_plug="58 122"
+scr_value="510 123"
+scr_row=250x18+446+115
+settings_label="700 40"
+hint_box="367 353"
+save_button="432 688"
+close_settings="1123 688"
+navigator_label="1225 40"
+close_box="1272 9"
+
+# start COMMAND...: the program, until its last window is there and the start panel has gone.
+start() {
+  "$@" >"$work/program.log" 2>&1 &
+  program=$!
+  await "VRB-TS"
+  await "Register Window"
+  sleep 6
+}
+# Ends the program as a learner does.
+quit() {
+  click $close_box
+  await "VRBTS終了確認"
+  key Return
+  for _ in $(seq 200); do kill -0 "$program" 2>/dev/null || break; sleep 0.05; done
+  kill -0 "$program" 2>/dev/null && fails "The program doesn't end"
+  wait "$program" || fails "The program ended with $?"
+}
+# The hint window is no longer to open at the start.
+save_settings() {
+  click $settings_label
+  await "システムデフォルト設定"
+  click $hint_box
+  click $save_button
+  click $close_settings
+  await_none "システムデフォルト設定"
+}
+saved() { [ -f "$1" ] && grep -q '^OPENWINDOW2=0' "$1" || fails "Nothing was saved in ${1:-the folder of the user}"; }
+
+# play NAME SETTINGS COMMAND...: a whole lesson.
+play() {
+  local name=$1 settings=$2
+  shift 2
+  start "$@"
+  await "Register Hint"
+  shot "$name-1-started"
+  click $cable_plug
+  sleep 1
+  shot "$name-2-cable"
+  click $cable_plug
+  double_click $scr_value
+  await "Register Write"
+  keys 0002
+  key Return
+  await_none "Register Write"
+  shot "$name-3-register"
+  save_settings
+  saved "$settings"
+  double_click $navigator_label
+  await "Navigator List"
+  key Return
+  await "Navigation"
+  sleep 1
+  shot "$name-4-tour"
+  quit
+  start "$@"
+  ! seen "Register Hint" || fails "The settings were not read again"
+  shot "$name-5-again"
+  quit
+}
+
+# The moments of NAME beside those of this machine's program.
+compare_with_here() {
+  expect "$(differ "$1-1-started" "$1-2-cable" 64x250+0+85)" -gt 20 "$1: a pulled cable changes the picture"
+  expect "$(differ "$1-1-started" "$1-3-register" $scr_row)" -gt 5 "$1: a register written changes its row"
+  expect "$(differ "$1-1-started" here-1-started $bench_left)" -lt 20 "$1: the bench, unlike here"
+  expect "$(differ "$1-2-cable" here-2-cable 64x250+0+85)" -lt 20 "$1: the pulled cable, unlike here"
+  expect "$(differ "$1-3-register" here-3-register $scr_row)" -lt 20 "$1: the register written, unlike here"
+}
+
+# start_time COMMAND...: milliseconds until the main window shows its tool windows, the median of five.
+start_time() {
+  local times=() begin
+  for _ in 1 2 3 4 5; do
+    begin=$(date +%s%3N)
+    "$@" >/dev/null 2>&1 &
+    program=$!
+    until seen "Register Window"; do sleep 0.01; done
+    times+=($(($(date +%s%3N) - begin)))
+    sleep 5
+    quit
+  done
+  printf '%s\n' "${times[@]}" | sort -n | sed -n 3p
+}
+
+roaming() { find "$WINEPREFIX/drive_c/users" -path '*/AppData/Roaming/VRB-TS/VRB_TS2.INI'; }
+read_only() {
+  if [ "$(id -u)" -eq 0 ]; then mount --bind "$1" "$1" && mount -o remount,ro,bind "$1"; else chmod -R a-w "$1"; fi
+}
+
+play_everything() {
+  local packages=build/packages-windows here=$work/here portable="$work/実習 ベンチ/第1室" setup installed menu
+  scene "the program for this machine, for the pictures beside"
+  cp -r build/release/bin "$here"
+  play here "$here/VRB_TS2.INI" "$here/vrb-ts"
+
+  scene "the portable folder under a Japanese name"
+  mkdir -p "$portable"
+  unzip -q "$packages"/*.zip -d "$portable"
+  portable=$(echo "$portable"/*)
+  play windows "$portable/VRB_TS2.INI" on_wine "$portable/vrb-ts.exe"
+  compare_with_here windows
+  [ -z "$(roaming)" ] || fails "The portable program wrote into the user's folder"
+
+  scene "from a folder that can't be written"
+  unzip -q "$packages"/*.zip -d "$work/locked"
+  portable=$(echo "$work/locked"/*)
+  wineserver -k || true  # it opens the files, and is to see the folder as it is now
+  wineserver -w
+  read_only "$portable"
+  start on_wine "$portable/vrb-ts.exe"
+  save_settings
+  saved "$(roaming)"
+  quit
+  rm "$(roaming)"
+
+  scene "installed, used, installed again, removed"
+  setup=$(echo "$packages"/*-setup.exe)
+  on_wine "$setup" /S
+  installed=$(find "$WINEPREFIX/drive_c/users" -path '*/Programs/VRB-TS' -type d)
+  menu=$(find "$WINEPREFIX/drive_c/users" -name VRB-TS.lnk)
+  [ -n "$installed" ] && [ -n "$menu" ] || fails "Nothing was installed"
+  diff -r --exclude=Uninstall.exe --exclude=VRB_TS2.INI "$portable" "$installed" || fails "The installer has other files than the folder"
+  start on_wine start /wait /unix "$menu"
+  shot windows-6-installed
+  save_settings
+  saved "$(roaming)"
+  quit
+  on_wine "$setup" /S
+  start on_wine start /wait /unix "$menu"
+  ! seen "Register Hint" || fails "Installing anew has lost the settings"
+  quit
+  on_wine "$installed/Uninstall.exe" /S
+  for _ in $(seq 200); do [ -e "$installed" ] || break; sleep 0.1; done
+  [ ! -e "$installed" ] && [ ! -e "$menu" ] || fails "Something was not removed: $(ls -R "$installed")"
+  [ -s "$(roaming)" ] || fails "The learner's settings are gone"
+
+  local there
+  here=$(start_time "$here/vrb-ts")
+  there=$(start_time on_wine "$work/実習 ベンチ/第1室"/*/vrb-ts.exe)
+  echo "Start until the register window shows: here $here ms, under Wine $there ms: $(awk -v a="$there" -v b="$here" 'BEGIN { printf "%.1f", a / b }') times"
+}
