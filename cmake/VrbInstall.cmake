@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # Installing and packing.
 #
 # The program looks for its files beside its own executable, and a link to it counts as the executable itself. So an installed

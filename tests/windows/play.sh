@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # shellcheck shell=bash
 # The names of run's folders come from run; a place is two words; what stands behind || ends the run.
 # shellcheck disable=SC2154,SC2086,SC2015

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # shellcheck shell=bash
 # The names of run's folders come from run.
 # shellcheck disable=SC2154
