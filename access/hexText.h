@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Hexadecimal text as the learner reads and types it.
 
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The host CPU at the chip's memory: bus addresses, writes and reads by bus type, write protection during a scan, and hazard
 // protection, which keeps the two bytes of a word together on an 8-bit bus.
 //

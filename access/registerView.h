@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What the register window shows beyond the bytes themselves: which halves changed of late, and for how long they stay
 // marked.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The registers of the center chip as the host CPU writes them. They have no storage of their own: they are the bytes 580H
 // to 58FH of chipMemory, low byte at the even address on every bus type.
 //

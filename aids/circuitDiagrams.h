@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Which circuit diagram fits the bench as it stands. A diagram is a picture file, and for some boards in half duplex a second
 // one that is laid over it. The files lie in the folder Kairozu beside the program.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The book of register hints: which pages there are, and which one belongs to what the learner is looking at.
 //
 //   list file    ; a comment

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Guided tours: the index of the tours, the pages of one, and the colours of a line of text.
 //
 //   index    ; a comment

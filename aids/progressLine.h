@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The line of the start-up display: a message in the middle of 33 full-width places, uncovered by a bar in eight steps.
 
 #pragma once

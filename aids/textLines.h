@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The lines of a text file, whatever ends them: CR LF, LF or CR. The last one needs no end.
 
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The third line of a tour's page: what its two shown lines ask for and promise, in words that a machine can check. The learner
 // never sees it. A line is statements, separated by " ; ", with words separated by blanks; registers and memory are hexadecimal.
 //

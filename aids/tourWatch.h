@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The eye on one page of a tour: which of its promises have been seen. A promise that was seen once stays seen, so a learner who
 // is slow or quick gets his sign all the same.
 //

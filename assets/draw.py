@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """Draws a set of pictures as SVG, with the lists that belong to them.
 
     python3 draw.py drawings|hints|diagrams FOLDER

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The report of how the program behaves beside an empty window of the same size, both measured in the same run and in turn, each
 // in a process of its own.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Measures whether RUN makes its ticks: runs the main window's timer for some seconds and compares with 67 ticks every 20 ms.
 //
 //     bench_tickRate [SECONDS]     60 by default

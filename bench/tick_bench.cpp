@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // How fast the machine ticks. "visits" is the number of visits a second.
 
 #include "core/runControl.h"

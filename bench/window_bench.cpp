@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What a firing costs with the windows, and how long the start takes.
 
 #include "access/views/frmRegister.h"

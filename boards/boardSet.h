@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The boards' settings: station addresses, clocks, rate pins, bus type, and how the bench is set up from the settings file.
 // A setting has its effect at the next visit of the scan and stops none; only the duplex jumpers are guarded (network.h).
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What stands in the lists of the combo boxes, on the bench and in the dialog of the settings. The index of an item is the
 // value that a commit or a setting takes.
 

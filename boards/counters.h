@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The push buttons of the counters, the counter mode of Board No4, and the noise button.
 //
 //   button      word of counterImage   what the scan makes of it

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The line of cables: center, Board No1, Board No2 with its cascade card Board No3, Board No4.
 //
 //   picBOARD1_RXD 0 "RXD1" \                      link 1                    link 2                    link 3

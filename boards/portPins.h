@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The parallel port of the boards: DI switches, CLR buttons, the setting switches SSA and SSB, and the IOS modes of Board No4.
 //
 //   IOS mode   pins 15 to 0          I input, O output, * taken away from the port (PWM and counter)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The serial input of the QDA41: one 16-bit word over three wires, from a shift register that the learner loads by hand.
 //
 //   slot - 1   circuit      word in serialData   waits while    collected by

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What guards the learner's hardware: the reset buttons, and the warning of two stations on one address.
 
 #pragma once

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # What lies beside the program: the beep, the maker's settings, and the folders of the learning aids, which teachers may replace.
 
 # A folder of pictures, drawn by a set of scripts, with the lists that the set may have. A name in small letters gets a suffix in

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # Programs that run while building and are no part of what is built. Building for another platform, they come from a build for
 # this one: VRB_HOST_TOOLS is its folder.
 if(CMAKE_CROSSCOMPILING AND NOT VRB_HOST_TOOLS)

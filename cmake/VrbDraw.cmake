@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # Drawings that scripts make.
 #
 # A set (a folder of assets/ with scripts) is drawn into the build folder while configuring, since only then it is known which

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # The fonts that the program uses, shipped in the folder `fonts` beside it where no package manager brings them: the windows then
 # look the same on every machine, and Japanese always shows.
 if(WIN32 OR EMSCRIPTEN)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # Windows finds the libraries of a program that runs while building through PATH alone.
 if(CMAKE_HOST_WIN32 AND NOT CMAKE_CROSSCOMPILING)
   set(vrb_with_qt ${CMAKE_COMMAND} -E env --modify PATH=path_list_prepend:$<TARGET_FILE_DIR:Qt6::Core> --)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # Installing and packing.
 #
 # The program looks for its files beside its own executable, and a link to it counts as the executable itself. So an installed
@@ -11,7 +12,8 @@
 # cmake --install BUILD --component portable --prefix FOLDER.
 
 include(GNUInstallDirs)
-set(maintainer "VRB-TS maintainers <maintainers@vrb-ts.example>")
+# No address: there is none that anybody reads.
+set(maintainer "VRB-TS maintainers")
 
 # The folders of texts and pictures are built into bin/ and installed whole.
 set(vrb_folders NaviData HintData Kairozu)

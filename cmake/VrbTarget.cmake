@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # What all of our own targets share: warnings, sanitizers, and includes counted from the root ("core/mduMain.h").
 function(vrb_target target)
   target_include_directories(${target} PUBLIC ${PROJECT_SOURCE_DIR})

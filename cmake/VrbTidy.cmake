@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # The target "tidy": every source of ours through clang-tidy, one stamp per source, so that only what changed is read again.
 function(vrb_tidy)
   find_program(CLANG_TIDY clang-tidy REQUIRED)

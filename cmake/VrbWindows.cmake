@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # Installing and packing for Windows: what the file's properties show, the licences of all that is linked in, the installer.
 get_target_property(kind Qt6::Core TYPE)
 if(kind STREQUAL "STATIC_LIBRARY")

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # shellcheck shell=bash
 # Sourced by ./run, ./test, ./package and the CI: installs the Debian packages that are missing, and says so.
 #

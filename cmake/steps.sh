@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # shellcheck shell=bash
 # Sourced by ./run, ./test and ./package: steps whose many lines go into a log, which is shown where one fails.
 #

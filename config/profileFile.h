@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A profile file: sections in brackets, a line "key=value" each. Section and key names count in any case, blanks around names
 // and values and one pair of quotes around a value don't count, a line beginning with ";" is a comment, and so is what
 // follows a blank and ";" behind a value. Of doubled keys the first one counts. Lines end with CR LF, LF or CR. The bytes may

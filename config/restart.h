@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The restart of the simulated machine, as far as it is the machine's: from settings that applyDialog or Mdef_Set have just put
 // into the variables. Around it the windows of the bench, the registers and the memory are unloaded and made anew.
 

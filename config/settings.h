@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The settings: the 19 numbers of VRB_TS2.INI, section INIT, in one table that says for each key which variable of the
 // machine takes it, which values it may have, what the maker recommends and which control of the dialog shows it.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What a rule has to say to the learner. A rule never shows anything: it returns its words, and the window says them.
 
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The board side of a tick: starts a scan when SCR asks for one, runs the LED timers, carries the center's frame along the
 // links and lets the slots that hear their address take their DO word and answer.
 //

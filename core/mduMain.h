@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The simulated machine: the center chip's memory with its registers, the boards on the cable, the visit in progress and
 // the LED timers, as plain data. The rules that change it are free functions of the other model headers; they take the
 // machine first and keep nothing of their own, so a copy of the machine is a snapshot of everything.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // How a delivered DO word reaches the pins of a port.
 
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What the DO word of Board No4 does beyond its pins, in the IOS modes 6 (lamp) and 7 (motor).
 //
 //   bits of the word   0-5 internal power value    6-7 direction: 40H, 80H; 00H and C0H are none and mean power 0

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The run modes and what one firing of the main timer does.
 //
 //   mode   caption    timer    ticks a firing   bar

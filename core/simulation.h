@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The tick. One tick is one visit to one station: boardTick carries the center's frame along the cable and settles who
 // answers, scanStep is the center chip that takes the answer. Nothing but the run control calls simulationTick.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What the three dump windows show of the chip's memory: which byte stands in which cell, what changed of late, and where the
 // columns lie. The windows only paint it.
 //

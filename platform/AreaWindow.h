@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A window inside the main window's area, around one widget of a fixed size, which it takes. Its title menu and box close it by
 // hiding; it keeps its size, stays inside the area, and comes back from an icon when it is asked for.
 

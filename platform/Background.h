@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Work that waits for a disk, away from the interface thread: the simulation and the windows go on meanwhile. In a build without
 // threads (a browser) it is done where it is asked for.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A one-based list of pictures that were rendered when building, at 1x, 2x and 3x. The picture for a screen is the next
 // larger one, so that it stays crisp at every scale.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The keyboard, lent to something that comes up for a moment (a list, a box, a chooser): when that goes away, the widget that had
 // the keyboard has it again. Without this the next one in the order of the Tab key would get it, and a Return meant for nobody
 // would act there.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The life of a window: made at its first use, shown and hidden, and forgotten when it is over. One mechanism for all windows of
 // the program, safe at any moment: a window that nobody has asked for costs nothing, and one that is forgotten twice in the same
 // batch of events, or by a gesture of its own, is gone once.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A field of hexadecimal digits that works by overtyping: exactly one character is always selected, a typed digit takes its
 // place and the selection moves on. The field never gets longer or shorter by the keyboard.
 //

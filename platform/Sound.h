@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The beep: a wave file where there is a device to play it, the system's beep otherwise.
 
 #pragma once

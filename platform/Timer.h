@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A timer with an interval in milliseconds, where 0 means off. It keeps its schedule: a late firing is not added up.
 
 #pragma once

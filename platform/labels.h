@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Small helpers that every window with fixed labels needs.
 
 #pragma once

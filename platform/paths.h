@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Paths of the model and texts of the desktop, and names of files that a list beside the program gives.
 
 #pragma once

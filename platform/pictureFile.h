@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Pictures that lie beside the program, where learners and teachers put their own.
 //
 //   NAME.BMP       the picture: a BMP file, whatever it is called

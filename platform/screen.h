@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Where a window may stand: wholly on the screen that holds its place, as far as it fits.
 
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Where the settings lie: beside the program while files can be made there, else (an installed program) in the user's
 // configuration folder. What an installer of Windows has put into a folder of the user's own can be written, and yet is not the
 // place: the next version overwrites it. Until a first save the user's folder has no file; what lies beside the program is then

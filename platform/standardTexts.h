@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The words that Qt itself brings (menus of the title bars, buttons of its own dialogs) in the language of this program.
 
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Text files that lie beside the program: UTF-8, with or without byte order mark, UTF-16 with it, or the Japanese code page.
 
 #pragma once

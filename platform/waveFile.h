@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A wave file as the desktop plays it: each platform has its own way.
 
 #pragma once

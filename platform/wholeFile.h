@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Files that are read and written as a whole, and never without a bound: whoever wrote them, a start or a gesture must not hang
 // on one.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The program: owns the one machine, the main window and the window sets of the rooms, brings them up step by step, and wires
 // what one set asks of another. A set knows its own windows and no other's; no set is known here from the inside.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A label of the tool strip: a caption that takes a click or a double click and tells which by its pointer. The keyboard
 // reaches it with Tab; Enter and Space are its gesture.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "program/TourSight.h"
 
 #include "access/views/RegisterWindows.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The tour's eyes: what the pages of a tour promise and only the windows know.
 
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "program/WindowWalk.h"
 
 #include "core/runControl.h"

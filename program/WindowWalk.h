@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The ways of the keyboard through the program, from wherever it stands.
 //
 //   F6                            between the tool strip and the window at work

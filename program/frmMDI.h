@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The main window: the tool strip with its labels and run modes, the area of the child windows, and timTick, the one main
 // loop of the program.
 

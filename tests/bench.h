@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The bench that most tests start from.
 
 #pragma once

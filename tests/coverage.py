@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: Apache-2.0
 """Which lines run in the tests: prints the share per folder, per part and in total, and the files that fall behind.
 
     coverage.py BUILD-FOLDER

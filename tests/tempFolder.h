@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A folder of the test's own, gone with it.
 
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The register window as a set: the window, and the dialog that a value leads to. What they want from the rest of the program
 // goes out as signals.
 

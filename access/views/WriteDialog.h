@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What the dialogs of the host CPU's writes have in common: the address, the choice between 16 and 8 bits, the overtyping
 // field, "Write" and "Cancel". Modal to the program; the scan goes on behind it.
 

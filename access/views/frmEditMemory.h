@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The dialog in which the learner writes a word or a byte of the chip's memory, as the host CPU.
 
 #pragma once

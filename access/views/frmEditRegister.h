@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The dialog in which the learner writes a register, as a whole or one half.
 
 #pragma once

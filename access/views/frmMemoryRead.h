@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The read dialog of an 8-bit bus: reads one byte at a time, through the read temporary buffer where hazard protection wants
 // it. It stays open beside the other windows.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The register window: each register in hexadecimal and binary, half by half, with changes in red for some seconds. A double
 // click on a value, or Enter on it, asks for the write dialog; the arrow keys walk over the values.
 

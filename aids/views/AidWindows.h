@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What helps the learner, as a set: popups and messages, the start and version panel, the hint book, the circuit diagrams, the
 // list of tours and the tour window. What they want from the rest of the program goes out as signals.
 

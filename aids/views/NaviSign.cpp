@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "aids/views/NaviSign.h"
 
 #include "platform/look.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The sign of a page's promises, and the mark of a finished tour: a ring or a check mark, told apart by their shapes.
 
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The message dialog: what must be read. It is modal to the program while the scan goes on behind it; what follows its
 // answer is handed in. A warning that comes while one is up waits for its turn.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The register hints: a book of pictures with tabs, three to a row, that turns to what the learner is looking at. The close
 // box hides it; the page stays open.
 

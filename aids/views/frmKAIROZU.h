@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The window of the circuit diagrams: shows the diagram of one board and follows the settings that the diagram shows.
 
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The popup: a short yellow notice that goes away by itself after two seconds, or at a click. There is one; the next text
 // takes the place of the one before. It never takes the keyboard away from the window at work.
 

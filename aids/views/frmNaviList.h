@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The list of tours: the learner picks one and starts it. Modal, so that nobody works on a bench that is about to be restarted.
 
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The tour window: two lines of a tour's text at the foot of the screen, in front of everything, and the buttons that turn its
 // pages.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The start and version panel: what this program is, its warning, and while the program starts a progress bar. It closes by
 // itself after three seconds or at a click, but never while the start-up is under way.
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """What several boards have in common: the line, clock and reset, the address switches, and the port.
 
 All of them stand at the same place on every sheet. Whatever full and half duplex change lies inside the line section and its

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """The four sheets of the center board: 16 or 8 bits of host bus, full or half duplex."""
 from diagrams import blocks
 from diagrams.blocks import CHIP_LEFT, CHIP_RIGHT, CHIP_TOP, FULL, HALF

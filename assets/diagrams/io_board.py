@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """The eight sheets of Board-4: what each mode makes of the sixteen pins of the QDA52."""
 from diagrams import blocks
 from diagrams.blocks import CHIP_FOOT, CHIP_RIGHT, FULL, HALF

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """The sheets of the satellite boards."""
 from diagrams import blocks
 from diagrams.blocks import CHIP_FOOT, CHIP_LEFT, CHIP_RIGHT, CHIP_TOP, FULL, HALF

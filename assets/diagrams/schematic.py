@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """The parts that all circuit diagrams are drawn with: wires, buses, chips and what hangs on their pins.
 
 A sheet is 900 x 620 with a frame, a title row and notes at the foot. Coordinates are pixels; a part is placed by the point

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """Draws the cards of the bench with all their fixed print, the mat they lie on, and the print that comes and goes.
 
 Parts that move, light up or can be missing are no part of a card: they are in the modules beside this one, and a card keeps

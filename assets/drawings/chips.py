@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """The packages: the chips, the CPU, headers with their flat cables, and the shift register of the serial input."""
 from drawings.materials import header, legs, light_line, package, shadow, strip
 from kit.svg_kit import (BURNT, COPPER, DIM_MARKING, GOLD, GRAPHITE, GREEN, INK, MASK_EDGE, PITCH, SHADE, SILK, SOOT, STEEL,

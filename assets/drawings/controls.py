@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """What is set, pressed and lit: LEDs, switches, jumpers, buttons, rates and interrupt tags."""
 from drawings.materials import arc, light_line, polar, ray, shadow, shadow_disc, strip
 from kit.svg_kit import (AMBER_EDGE, BLACK, BLUE_EDGE, BURNT, CAP_RED_EDGE, DIM_MARKING, GOLD_EDGE, NIGHT, PITCH, SILK, SOOT,

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """The lamp, the motor with its belt, the pulse pictures, and the card that drives them."""
 import math
 

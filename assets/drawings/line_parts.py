@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """The line and what stands beside it: cables, connectors, transceivers, transformers, terminators, clocks and strobes."""
 import math
 

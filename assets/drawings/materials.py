@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """What the parts and cards of the bench are made of: materials, light and shadow, and the shapes that many of them share.
 
 Light comes from the top left, so every part has a light line on its left and top edges and soft shadows, stacked translucent

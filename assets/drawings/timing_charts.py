@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """The eight timing charts of the port strobes.
 
 All charts show the same visit on the same grid: the center's frame, the DO update, the reaction of the outside circuit,

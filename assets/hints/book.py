@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """The book of the register hints: its pages in the order of their tabs, and the list that names them."""
 from hints import bench_pages, memory_pages, register_pages
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """The pages of what lies behind the registers. Every worked value is played by a test: see hints.play."""
 from hints.page import MARGIN, Page
 from kit.svg_kit import AREA, CARD, CARD_LINE, FAINT, GREEN, HATCH, INK, MONO, NET, SANS, SCAN, SECOND, WHITE, YOURS

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """What the pages of the register hints are made of: header, row of bits, cards, tables, the box to try, refusals and legend.
 
 A page is 620 x 460. Hexadecimal numbers in a text ("0004H") come out bold in the fixed font, and *stars* make a text bold.

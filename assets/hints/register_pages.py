@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """The pages of the registers and of the control word. Every worked value is played by a test: see hints.play."""
 from hints.page import MARGIN, Page
 from kit.svg_kit import INK, NEVER, SCAN, SECOND, WHITE

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """What all drawings are made of: one palette, and the shapes of SVG Tiny as texts.
 
 A shape is a function that returns its element; a drawing joins them with +, or collects them on a Canvas. Only what SVG Tiny

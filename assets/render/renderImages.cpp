@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Renders one image list: the SVG source of an image list is a strip of equally wide cells, one per image, and each cell
 // holds one element "image-1", "image-2", ... The pictures come out at 1x, 2x and 3x, so that the program itself needs no SVG
 // renderer, and as plain pixels, so that it needs no decoder either: width and height as 32-bit numbers, low byte first, then

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Renders one drawing for the folders beside the program.
 //
 //     renderPicture SOURCE.svg OUTPUT-FOLDER NAME.BMP

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """Makes the beep: a short bell of two tones, as a wave file of 16-bit samples.
 
     python3 make_beep.py OUTPUT.WAV

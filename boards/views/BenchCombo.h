@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A combo box that stands over a picture of the bench while a setting is chosen. It commits when it loses the focus, by
 // whatever means; one that never had the focus commits nothing, and neither does a list that merely drops down. Escape takes
 // back what was chosen meanwhile: what it commits is the item that the box came up with.

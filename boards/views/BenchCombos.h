@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The combo boxes of the bench: one table of boxes, their lists, and the rules that take a choice over. A double click on a
 // box's picture brings it up, a click makes it go; while it is there the picture has the pointer that says so.
 

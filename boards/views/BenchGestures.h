@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What the parts of the bench do when they are touched: one table, by name of the control. A gesture goes to one rule of the
 // model; what it asks of other windows goes out as a signal.
 

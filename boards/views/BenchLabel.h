@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A label that the window writes on a card.
 
 #pragma once

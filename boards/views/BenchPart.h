@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // An item of the bench's picture: it shows the picture of its state, and hands on what the mouse and the keyboard do to it.
 
 #pragma once

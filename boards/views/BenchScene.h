@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The picture of the bench: the mat, the cards with their shadows, and all parts and labels on them, each bound to the machine
 // by its row.
 

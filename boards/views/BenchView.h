@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The view of the bench: zoom, and the walk over its parts by keyboard.
 //
 //   Ctrl + wheel, Ctrl + plus, minus, 0     zoom

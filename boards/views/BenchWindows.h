@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The bench as a set: the hardware window, the dialog of the serial input and the timing chart of the strobes. What they want
 // from the rest of the program goes out as signals.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The bench for those who hear it: each part as a child of the view, with its name, its state and its action. The picture
 // alone tells a screen reader nothing.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The cards of the bench and where they lie.
 //
 //   columns of cards, in pixels of the bench at zoom 1        8    62                    502 524            870

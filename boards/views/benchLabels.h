@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The labels that the bench's window writes itself; all other print belongs to the drawings of the cards.
 
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What stands where on the bench. To put a new part on it, draw its image list in assets/drawings, tell its pictures by state in
 // partFamilies, add its row here, and give it its gesture in BenchGestures.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The dialog of the serial input: the learner types a word, sees its waveform, and sends it; the waveform then moves out into
 // the board. Modal to the program; the scan goes on behind it.
 //

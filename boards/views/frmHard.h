@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The hardware window: the bench as the learner sees and touches it. It holds no rule of its own; a gesture goes to one rule
 // of the model, and refresh() brings the pictures into line with the machine.
 //

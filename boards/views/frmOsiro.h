@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The timing chart of a port's strobes.
 
 #pragma once

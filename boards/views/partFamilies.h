@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What the parts of the bench look like, by state of the machine: one family for each array of equal parts, under the name of
 // its control.
 

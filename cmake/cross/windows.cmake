@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # Debian's MinGW-w64, whose programs want no library beside Windows' own.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)

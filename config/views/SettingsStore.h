@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Between the settings file on its disk and those who read and save the settings. A save goes on in the background: gestures and
 // the scan don't wait for the disk, and what came of it is told by a signal.
 

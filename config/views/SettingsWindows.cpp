@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "config/views/SettingsWindows.h"
 
 #include "config/views/frmDefault.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The settings dialog as a set of its own: opened, hidden, and forgotten by its close box.
 
 #pragma once

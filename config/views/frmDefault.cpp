@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "config/views/frmDefault.h"
 
 #include "config/views/SettingsStore.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The dialog of the settings: shows the file's numbers by name, saves them, hands them over to be applied at once, or puts the
 // maker's values in. It works on values of its own: neither the machine nor the file changes before the learner asks for it.
 //

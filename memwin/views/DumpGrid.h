@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The grid of a dump window: one painted widget with the hexadecimal cells (Picture1) and the characters beside them
 // (Picture2). It repaints the cells that changed and no others.
 //

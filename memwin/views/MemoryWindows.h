@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The memory windows as a set: the three dump windows in the main window's area, their chooser, and the dialogs that they
 // lead to. What they want from the rest of the program goes out as signals.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A dump window: frmDumpCDIO, frmDumpC17 and frmDumpDRC are its three instances, told apart by their row of dumpAreas.
 
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The chooser of the memory windows: five buttons under the tool label "Memory Window". Any of them puts it away again, and the
 // keyboard goes back to where it was.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Hexadecimal text as it is shown and typed.
 
 #include "access/hexText.h"

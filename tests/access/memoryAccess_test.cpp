@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The host CPU at the memory: addresses, writes and reads on the four buses, hazard protection, write protection.
 
 #include "access/memoryAccess.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Writes of the host CPU to the registers: what is stored, what is refused, and in which words; and what the register window
 // marks as changed.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "aids/circuitDiagrams.h"
 #include "aids/hintPages.h"
 #include "aids/progressLine.h"

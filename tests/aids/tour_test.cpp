@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The language of a tour's third line, and the eye on what it promises.
 
 #include "aids/tourWatch.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "boards/counters.h"
 
 #include "boards/portPins.h"

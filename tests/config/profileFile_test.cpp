@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The profile file: what is read from it, and under the pen: what a new value changes and what it leaves alone.
 
 #include "config/profileFile.h"

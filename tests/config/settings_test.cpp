@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The settings: the way of every key to its variable and back, numbers that no list has, and the dialog's four operations.
 
 #include "config/settings.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A firing allocates nothing. This file replaces the global operators new and delete of the whole test program by ones
 // that count.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Who hears a frame on the line of cables, who takes the DO word, and who answers.
 
 #include "tests/bench.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The sixteen commands: which word goes where, and what becomes of the command byte.
 
 #include "tests/bench.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A visit that fails: what the center counts, reports and lights, and how a station comes back.
 
 #include "tests/bench.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Change detection under the DRC mask, the interrupt requests, the hold, and the interrupt indicator.
 
 #include "tests/bench.h"

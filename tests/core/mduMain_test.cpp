@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The operations that bring the state of the machine to its beginning.
 
 #include "tests/bench.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The noise button: the press spoils one visit, then comes quiet, then random failures and a burst at one station.
 
 #include "boards/counters.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What a firing of the main timer and a click on a run mode do.
 
 #include "core/runControl.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The walk over the stations, continuous and single, and what SCR, SSR and the requests say on the way.
 
 #include "tests/bench.h"

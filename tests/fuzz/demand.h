@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What a fuzz target demands of its result, whatever the input.
 
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Noise as the list of the hint pages. Whatever the bytes: they are at most as many as a book has, a page has a picture and a
 // caption of one bounded field each, and is found by its whole caption, or an earlier page that contains it.
 

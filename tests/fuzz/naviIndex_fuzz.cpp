@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Noise as the index of the tours. Whatever the bytes: record 0 is the empty one, every other record comes from a line of its
 // own that holds it, and its file was asked for; there are no more than a list takes, and no field is longer than one.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Noise as a picture. Whatever the bytes claim to be: it is one of the format meant and within the bounds, or none; its pixels
 // can be had; and no text is a picture.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Noise at the settings file. Whatever the bytes: they are read within the table's limits, every setting can be saved into
 // them and read again, a second save changes nothing, what is not a setting keeps its value, and unchanged bytes stay.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Noise as a tour. Whatever the bytes: paging goes from the first page to the last and back, a line's runs are its text without
 // the markers, no run is empty, and a third line is either read whole or names what is wrong with it.
 

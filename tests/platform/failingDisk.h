@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The calls with which a save reaches the disk, in the hands of a test. Linux alone: there the program's own definition of a call
 // goes before the system's.
 

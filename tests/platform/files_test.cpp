@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Files that somebody else wrote, and files that break while they are written: bounded, whole, inside their folder.
 
 #include "platform/paths.h"

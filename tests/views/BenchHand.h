@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The learner's hand on the bench: real mouse events at the place where a part is seen.
 
 #pragma once

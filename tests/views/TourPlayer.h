@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Plays what a text tells the learner to do, on the running program and through its real windows, and checks what it promises.
 // The scripts are in the language of aids/tourLanguage.h.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Gestures that wait in the queue of events and come in one batch, as when the program was busy for a moment.
 
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The settings dialog under the learner's hands: its controls, its four buttons, and what lives on when it closes.
 
 #include "config/views/frmDefault.h"

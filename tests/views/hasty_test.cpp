@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Hasty hands: gestures while the program still starts, and everything twice in one batch of events, as a queue brings it when
 // the program was busy for a moment.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "memwin/views/MemoryWindows.h"
 
 #include "access/views/frmEditMemory.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "aids/views/frmNaviList.h"
 #include "aids/views/frmNavigation.h"
 #include "platform/screen.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Saving while the disk is slow, full or going away: nobody waits, nothing is lost, and the learner is told.
 
 #include "config/views/SettingsStore.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A player without a plan: random gestures of every kind on every window, with the simulation running. After each one the machine
 // is a machine that can be, and what is shown is what the state says.
 //

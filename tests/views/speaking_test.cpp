@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The windows through which the program speaks: popup, message dialog, start panel, timing chart.
 
 #include "boards/views/frmOsiro.h"

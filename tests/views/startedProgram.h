@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The program, started on settings of the test's own and then left without a running timer: firings are made by hand.
 
 #pragma once

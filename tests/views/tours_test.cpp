@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The tours that come with the program, played from their first page to the last: what a page tells the learner to do is done,
 // and what it promises is checked. What is played stands in the third line of each page, which is never shown. The worked
 // values of the hint pages are played the same way.

@@ -1,10 +1,14 @@
+# SPDX-License-Identifier: Apache-2.0
+# shellcheck shell=bash
+# The names of run's folders come from run; a place is two words; what stands behind || ends the run.
+# shellcheck disable=SC2154,SC2086,SC2015
 # Sourced by run: what a learner does with the program and its packages.
 
 plays=0
 scene() { echo "-- $1"; plays=$((plays + 1)); }
 fails() { echo "$1"; shot failed; exit 1; }
 # expect NUMBER OPERATOR NUMBER WHAT
-expect() { [ "$1" "$2" "$3" ] || fails "$4: $1, not $2 $3 in a thousand pixels"; }
+expect() { test "$1" "$2" "$3" || fails "$4: $1, not $2 $3 in a thousand pixels"; }
 
 # The places that are looked at and clicked, on the bench, in the register window, in the settings and in the strip.
 bench_left=430x710+0+85

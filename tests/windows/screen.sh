@@ -1,3 +1,7 @@
+# SPDX-License-Identifier: Apache-2.0
+# shellcheck shell=bash
+# The names of run's folders come from run.
+# shellcheck disable=SC2154
 # Sourced by run: a virtual screen with a window manager, and the hands and eyes of whoever sits before it. Places are pixels of
 # a screen of 1280 x 1024.
 
