@@ -143,7 +143,7 @@ play_everything() {
   installed=$(find "$WINEPREFIX/drive_c/users" -path '*/Programs/VRB-TS' -type d)
   menu=$(find "$WINEPREFIX/drive_c/users" -name VRB-TS.lnk)
   [ -n "$installed" ] && [ -n "$menu" ] || fails "Nothing was installed"
-  diff -r --exclude=Uninstall.exe --exclude=VRB_TS2.INI "$portable" "$installed" || fails "The installer has other files than the folder"
+  diff -r --exclude=Uninstall.exe "$portable" "$installed" || fails "The installer has other files than the folder"
   start on_wine start /wait /unix "$menu"
   shot windows-6-installed
   save_settings
