@@ -81,10 +81,19 @@ const Lamp* lampNamed(std::string_view name) {
 
 constexpr std::string_view hiddenText = "hidden";
 
-std::optional<std::string> memory(const Statement& s, const Machine& machine, const SeenByLearner& /*seen*/) {
-    const int place = s.place.value_or(0);
+std::string valueAt(const Statement& s, const Machine& machine, int place) {
     const int value = s.digits == 4 ? memoryWord(machine, place) : machine.chipMemory[static_cast<std::size_t>(place)];
     return hexText(static_cast<unsigned>(value), s.digits);
+}
+
+std::optional<std::string> registerValue(const Statement& s, const Machine& machine, const SeenByLearner& /*seen*/) {
+    return valueAt(s, machine, s.place.value_or(0));
+}
+
+// The bytes of a word change places with the byte order, the words don't.
+std::optional<std::string> memory(const Statement& s, const Machine& machine, const SeenByLearner& /*seen*/) {
+    const int address = s.place.value_or(0);
+    return valueAt(s, machine, s.digits == 4 ? address : busToMemoryIndex(machine, address));
 }
 
 std::optional<std::string> visibility(const Statement& s, const Machine& /*machine*/, const SeenByLearner& seen) {
@@ -115,7 +124,12 @@ std::optional<std::string> label(const Statement& s, const Machine& /*machine*/,
 }
 
 std::optional<std::string> thing(const Statement& s, const Machine& machine, const SeenByLearner& seen) {
-    return s.place ? memory(s, machine, seen) : unlessHidden<picture>(s, machine, seen);
+    return s.place ? registerValue(s, machine, seen) : unlessHidden<picture>(s, machine, seen);
+}
+
+std::optional<std::string> tick(const Statement& s, const Machine& /*machine*/, const SeenByLearner& seen) {
+    const std::optional<bool> down = seen.ticked(s.name, s.values.front());
+    return down.value_or(false) ? s.values.front() : std::string("not ticked");
 }
 
 // Board-3 has no switches and follows Board-2.
@@ -142,7 +156,7 @@ std::optional<std::string> readValue(const Statement& /*s*/, const Machine& /*ma
 constexpr auto aDeed = WordKind::deed;
 constexpr auto aPromise = WordKind::promise;
 
-constexpr std::array<TourWord, 34> vocabulary{{
+constexpr std::array<TourWord, 37> vocabulary{{
     {"click", "PART", aDeed},
     {"dblclick", "PART", aDeed},
     {"hold", "PART", aDeed},
@@ -151,24 +165,27 @@ constexpr std::array<TourWord, 34> vocabulary{{
     {"mode", "MODE", aDeed},
     {"open", "WINDOW", aDeed},
     {"close", "WINDOW", aDeed},
+    {"press", "WINDOW = TEXT", aDeed},
+    {"key", "KEYS", aDeed},
     {"write", "REG VALUE", aDeed},
     {"set", "ADDRESS VALUE", aDeed},
     {"read", "ADDRESS", aDeed},
     {"serial", "I WORD", aDeed},
     {"ok", "", aDeed},
     {"cancel", "", aDeed},
-    {"point", "REG", aDeed},
+    {"point", "ROW", aDeed},
     {"double", "ADDRESS", aDeed},
     {"wait", "SECONDS", WordKind::pause},
-    {"reg", "REG VALUE", aPromise, memory},
+    {"reg", "REG VALUE", aPromise, registerValue},
     {"mem", "ADDRESS VALUE", aPromise, memory},
-    {"differs", "REG VALUE", aPromise, memory, Keeping::different},
+    {"differs", "REG VALUE", aPromise, registerValue, Keeping::different},
     {"lit", "LAMP", aPromise, unlessHidden<lampOf>, Keeping::same, "lit"},
     {"dark", "LAMP", aPromise, unlessHidden<lampOf>, Keeping::same, "dark"},
     {"image", "PART = NUMBER", aPromise, unlessHidden<picture>},
     {"shown", "PART", aPromise, visibility, Keeping::same, "shown"},
     {"hidden", "PART", aPromise, visibility, Keeping::same, hiddenText},
     {"label", "PART = TEXT", aPromise, unlessHidden<label>},
+    {"ticked", "WINDOW = TEXT", aPromise, tick},
     {"sa", "BOARD BYTE", aPromise, stationAddress},
     {"bus", "TEXT", aPromise, busType},
     {"got", "BYTE", aPromise, readValue},
@@ -176,7 +193,7 @@ constexpr std::array<TourWord, 34> vocabulary{{
     {"silent", "", aPromise, nullptr, Keeping::silent},
     {"moves", "THING", aPromise, thing, Keeping::moving},
     {"still", "THING", aPromise, thing, Keeping::still},
-    {"cycle", "REG VALUES", aPromise, memory, Keeping::walking},
+    {"cycle", "REG VALUES", aPromise, registerValue, Keeping::walking},
 }};
 
 // --- reading -------------------------------------------------------------------------------------------------------------------
@@ -228,6 +245,14 @@ bool takeRegister(Rest& rest, Statement& s) {
         s.digits = half.empty() ? 4 : 2;
         return true;
     });
+}
+
+// A row of the register window; the last has no register.
+bool takeRow(Rest& rest, Statement& s) {
+    return takeRegister(rest, s) || takeIf(rest, [&s](const std::string& word) {
+               s.name = word;
+               return word == registerTable.back().name;
+           });
 }
 
 bool takeThing(Rest& rest, Statement& s) {
@@ -300,8 +325,10 @@ bool takeMode(Rest& rest, Statement& s) {
 }
 
 bool takeWindow(Rest& rest, Statement& s) {
-    constexpr std::array<std::string_view, 6> windows{"register", "hint", "control", "c1c7", "drc", "read"};
-    return takePart(rest, s) && std::find(windows.begin(), windows.end(), s.name) != windows.end();
+    return takeIf(rest, [&s](const std::string& word) {
+        s.name = word;
+        return std::find(tourWindows.begin(), tourWindows.end(), word) != tourWindows.end();
+    });
 }
 
 struct Slot {
@@ -310,10 +337,11 @@ struct Slot {
 };
 
 // What stands in the forms of the words.
-constexpr std::array<Slot, 16> slots{{
+constexpr std::array<Slot, 18> slots{{
     {"PART", takePart},
     {"LAMP", takeLamp},
     {"REG", takeRegister},
+    {"ROW", takeRow},
     {"THING", takeThing},
     {"ADDRESS", takeAddress},
     {"VALUE", takeValue},
@@ -327,6 +355,7 @@ constexpr std::array<Slot, 16> slots{{
     {"BOARD", takeBoard},
     {"MODE", takeMode},
     {"WINDOW", takeWindow},
+    {"KEYS", takePart},
 }};
 
 bool takeSlot(std::string_view name, Rest& rest, Statement& s) {

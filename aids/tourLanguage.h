@@ -6,23 +6,30 @@
 //   click PART [I]          dblclick PART [I]       hold PART [I]      release        on the bench, by name and index
 //   pick PART [I] = TEXT    chooses an item of a combo box of the bench, which an earlier deed has opened
 //   mode MODE               clicks a run mode: RUN, STOP, SLOW, 1-Time
-//   open WINDOW             close WINDOW            register, hint, control, c1c7, drc, read
+//   open WINDOW             close WINDOW            by the tool strip and its chooser; by the close box
+//   press WINDOW = TEXT     clicks the button, box or tab of a window that bears this caption
+//   key KEYS                presses keys: Return, Ctrl+F6
 //   write REG VALUE         set ADDRESS VALUE       read ADDRESS       by the dialogs of the host CPU; REG is SCR, SCR.H, SCR.L
 //   serial I WORD           types a word into the serial dialog of circuit I and lets it go out
 //   ok                      cancel                  answers the message dialog
-//   point REG               double ADDRESS          a double click that is to be refused
+//   point REG               double ADDRESS          a double click that writes nothing; also on the row CC
 //   wait SECONDS            gives the machine its time; a learner takes his own
 //
 //   promises, what is then to be seen
 //   reg REG VALUE           mem ADDRESS VALUE       2 digits are a byte, 4 a word
 //   differs REG VALUE       the register shows anything but this value
 //   lit LAMP [I]            dark LAMP [I]           image PART [I] = NUMBER
-//   shown PART [I]          hidden PART [I]         label PART [I] = TEXT
+//   shown PART [I]          hidden PART [I]         label PART [I] = TEXT; a window is a part, and open or not
+//   label bench = 125%      label diagram = FILE    label chart = 1 to 8    label keyboard = what the keys go to
+//   ticked WINDOW = TEXT    the button, box or tab with this caption is down
 //   sa BOARD BYTE           the address on a board's switches, or that its place gives it
 //   bus TEXT                got BYTE                the bus type over the memory; what the read dialog shows
 //   says TEXT               silent                  popup and message dialog
 //   moves THING             still THING             a register or part of the bench
 //   cycle REG VALUES        one click on 1-Time after the other walks through these values, from wherever it stands
+//
+// WINDOW is register, hint, control, c1c7, drc, read, chooser, settings, version, chart or diagram. An ADDRESS is the host CPU's:
+// on a big-endian bus the even one is a word's high byte.
 //
 // Not checked here: whether a window lies over what is promised.
 
@@ -30,6 +37,7 @@
 
 #include "core/mduMain.h"
 
+#include <array>
 #include <cstdint>
 #include <optional>
 #include <span>
@@ -37,7 +45,7 @@
 #include <string_view>
 #include <vector>
 
-// What only the windows know. `name` and `index` are those of a part or label of the bench.
+// What only the windows know. `name` and `index` are those of a part or label of the bench, or `name` is a window.
 class SeenByLearner {
 public:
     virtual ~SeenByLearner() = default;
@@ -46,9 +54,15 @@ public:
     // The number of a part's picture, from 1.
     virtual std::optional<int> picture(const std::string& name, std::size_t index) const = 0;
     virtual std::optional<std::string> label(const std::string& name, std::size_t index) const = 0;
+    // Whether the button, box or tab with this caption is down in a window; nothing where that is shut or has none.
+    virtual std::optional<bool> ticked(const std::string& window, const std::string& caption) const = 0;
     // The value in the read dialog; empty while that is shut.
     virtual std::string readValue() const = 0;
 };
+
+// The names of the windows.
+inline constexpr std::array<std::string_view, 11> tourWindows{"register", "hint",     "control", "c1c7",  "drc",    "read",
+                                                              "chooser",  "settings", "version", "chart", "diagram"};
 
 enum class WordKind : std::uint8_t { deed, pause, promise };
 

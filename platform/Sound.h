@@ -16,14 +16,13 @@ public:
     Sound(const Sound&) = delete;
     Sound& operator=(const Sound&) = delete;
 
-    // Takes a wave file. False, and nothing else, when there is no such file. The device is asked for at the first beep: that
-    // takes longer than the whole start of the program, and many a session never beeps.
+    // Takes a wave file and the device to play it; true when both are there. It can take longer than the whole start of the
+    // program. Taken once, it stays.
     bool open(const QString& file);
 
     // From the start of the file, also when it is still sounding. The system's beep without a file or a device.
     void playBeep();
 
 private:
-    QString file_;
     std::unique_ptr<WaveFile> wave_;
 };

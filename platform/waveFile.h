@@ -18,8 +18,5 @@ public:
     virtual bool play() = 0;
 };
 
-// Whether there is a way at all on this platform.
-extern const bool wavesArePlayed;
-
-// Null without a device.
+// Null without a device, or where the platform has no way.
 std::unique_ptr<WaveFile> openWaveFile(const QString& file);

@@ -27,8 +27,6 @@ private:
 
 }  // namespace
 
-const bool wavesArePlayed = true;
-
 std::unique_ptr<WaveFile> openWaveFile(const QString& file) {
     return QMediaDevices::defaultAudioOutput().isNull() ? nullptr : std::make_unique<EffectWave>(file);
 }

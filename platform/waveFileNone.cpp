@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/waveFile.h"
 
-const bool wavesArePlayed = false;
-
 std::unique_ptr<WaveFile> openWaveFile(const QString& /*file*/) {
     return nullptr;
 }

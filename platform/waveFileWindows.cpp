@@ -26,8 +26,6 @@ private:
 
 }  // namespace
 
-const bool wavesArePlayed = true;
-
 std::unique_ptr<WaveFile> openWaveFile(const QString& file) {
     return waveOutGetNumDevs() == 0 ? nullptr : std::make_unique<SystemWave>(file);
 }

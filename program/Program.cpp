@@ -32,7 +32,7 @@ Program::Program(const std::filesystem::path& folder, const std::filesystem::pat
       registers_(machine_, frmMDI_),
       memory_(machine_, frmMDI_.area(), frmMDI_),
       bench_(machine_, frmMDI_.area(), frmMDI_),
-      sight_(bench_, memory_),
+      sight_({registers_, memory_, bench_, aids_, settings_}),
       aids_(machine_, frmMDI_.area(), frmMDI_, folder, sight_),
       settings_(store_, frmMDI_),
       walk_(frmMDI_) {
@@ -67,7 +67,6 @@ void Program::runNextStep() {
 void Program::addStartSteps() {
     steps_.emplace_back([this] {
         readSettings();
-        openSound();
         aids_.openStartPanel();
     });
     loadWindows();
@@ -77,6 +76,8 @@ void Program::addStartSteps() {
         refreshAll();
         tellOfFonts();
     });
+    // Behind the windows: asking for the device can take longer than all of them. Until then the system beeps.
+    steps_.emplace_back([this] { openSound(); });
 }
 
 void Program::readSettings() {

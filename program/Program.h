@@ -49,6 +49,8 @@ public:
     BenchWindows& bench() { return bench_; }
     AidWindows& aids() { return aids_; }
     SettingsWindows& settings() { return settings_; }
+    // What a tour sees.
+    const TourSight& sight() const { return sight_; }
 
 signals:
     void started();

@@ -14,6 +14,7 @@ struct Desk : SeenByLearner {
     std::map<std::string, int> pictures{{"picA", 1}, {"picPO", 1}};
     bool visible = true;
     std::string value;
+    std::string down;  // the caption of the one button that is down
 
     std::optional<bool> shown(const std::string& name, std::size_t /*index*/) const override {
         return pictures.contains(name) || name == "lblA" ? std::optional(visible) : std::nullopt;
@@ -23,6 +24,9 @@ struct Desk : SeenByLearner {
     }
     std::optional<std::string> label(const std::string& name, std::size_t /*index*/) const override {
         return name == "lblA" ? std::optional<std::string>("  two   words ") : std::nullopt;
+    }
+    std::optional<bool> ticked(const std::string& window, const std::string& caption) const override {
+        return window == "control" ? std::optional(caption == down) : std::nullopt;
     }
     std::string readValue() const override { return value; }
 };
@@ -48,10 +52,30 @@ constexpr auto open = TourSign::open;
 constexpr auto done = TourSign::done;
 
 TEST_F(TourLanguage, tells_a_statement_from_a_slip) {
-    for (const char* right :
-         {"", "  ", "click picPI 32 ; wait 1 ; image picPI 32 = 2 ; mem 102 0001", "wait 0.1", "write SCR.L 04", "set 7FE 1234",
-          "mem 7FF 12", "sa 4 3F", "pick cmbIOS = 2 DI= 8bit DO= 8bit", "mode 1-Time", "open c1c7", "serial 1 5a3c", "says a ;b",
-          "cycle SSR.L 81 82", "moves imgBelt", "still SSR", "lit picPower 5", "ok ; cancel ; silent", " ;  ; release ; "}) {
+    for (const char* right : {"",
+                              "  ",
+                              "click picPI 32 ; wait 1 ; image picPI 32 = 2 ; mem 102 0001",
+                              "wait 0.1",
+                              "write SCR.L 04",
+                              "set 7FE 1234",
+                              "mem 7FF 12",
+                              "sa 4 3F",
+                              "pick cmbIOS = 2 DI= 8bit DO= 8bit",
+                              "mode 1-Time",
+                              "open c1c7",
+                              "serial 1 5a3c",
+                              "says a ;b",
+                              "cycle SSR.L 81 82",
+                              "moves imgBelt",
+                              "still SSR",
+                              "lit picPower 5",
+                              "ok ; cancel ; silent",
+                              " ;  ; release ; ",
+                              "point CC",
+                              "key Ctrl+F6",
+                              "press settings = No3.カスケード接続",
+                              "shown version",
+                              "ticked hint = C1CR C2CR"}) {
         EXPECT_EQ(readScript(right).wrong, "") << right;
     }
     for (const char* wrong : {"これは文です",
@@ -77,6 +101,11 @@ TEST_F(TourLanguage, tells_a_statement_from_a_slip) {
                               "sa 1 0001",
                               "mode FAST",
                               "open door",
+                              "press door = OK",
+                              "press control",
+                              "ticked bench = x",
+                              "key",
+                              "point XX",
                               "wait",
                               "wait x",
                               "wait 1.",
@@ -100,6 +129,7 @@ TEST_F(TourLanguage, sees_what_a_promise_speaks_of) {
     machine.cpuType = 2;
     desk.pictures = {{"picChkLED", 1}, {"picSE", 1}, {"picPower", 1}, {"picPO", 1}, {"picPI", 1}, {"picA", 7}};
     desk.value = "5A";
+    desk.down = "Byte";
     EXPECT_EQ(now("sa 3 20"), "hidden") << "the card isn't there";
     machine.picBridge.visible = true;
     struct Row {
@@ -109,7 +139,8 @@ TEST_F(TourLanguage, sees_what_a_promise_speaks_of) {
     for (const Row& row : std::initializer_list<Row>{{"reg SCR 0000", "1234"},
                                                      {"reg SCR.H 00", "12"},
                                                      {"differs SCR.L 00", "34"},
-                                                     {"mem 580 00", "34"},
+                                                     {"mem 580 00", "12"},  // the upper byte comes first
+                                                     {"mem 581 00", "34"},
                                                      {"mem 580 0000", "1234"},
                                                      {"moves SCR", "1234"},
                                                      {"lit picChkLED 0", "dark"},
@@ -130,6 +161,9 @@ TEST_F(TourLanguage, sees_what_a_promise_speaks_of) {
                                                      {"sa 3 01", "20"},
                                                      {"sa 4 01", "01"},
                                                      {"bus x", "16bit-Bus Big"},
+                                                     {"ticked control = Byte", "Byte"},
+                                                     {"ticked control = Word", "not ticked"},
+                                                     {"ticked drc = Byte", "not ticked"},
                                                      {"got 00", "5A"}}) {
         EXPECT_EQ(now(row.promise), row.seen) << row.promise;
     }

@@ -2,6 +2,7 @@
 #include "tests/views/TourPlayer.h"
 
 #include "access/hexText.h"
+#include "access/memoryAccess.h"
 #include "access/registers.h"
 #include "access/views/frmEditMemory.h"
 #include "access/views/frmEditRegister.h"
@@ -11,6 +12,7 @@
 #include "aids/views/frmHint.h"
 #include "aids/views/frmMessage.h"
 #include "aids/views/frmNavigation.h"
+#include "aids/views/frmVersion.h"
 #include "boards/views/BenchCombo.h"
 #include "boards/views/frmEditSerial.h"
 #include "memwin/views/MemoryWindows.h"
@@ -20,9 +22,12 @@
 #include "program/frmMDI.h"
 #include "tests/views/startedProgram.h"
 
+#include <QAbstractButton>
 #include <QApplication>
+#include <QKeySequence>
 #include <QLabel>
 #include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QPushButton>
 #include <QRadioButton>
 
@@ -34,9 +39,19 @@ namespace {
 
 constexpr double step = 20;  // milliseconds of waiting between two looks at the timers
 
+// A window of the area has its box on its frame.
+bool closeBox(QWidget* window) {
+    const bool framed = window != nullptr && qobject_cast<QMdiSubWindow*>(window->parentWidget()) != nullptr;
+    const bool open = isUp(window);
+    if (open) {
+        (framed ? window->parentWidget() : window)->close();
+    }
+    return open && !isUp(window);
+}
+
 }  // namespace
 
-TourPlayer::TourPlayer(Program& program) : program_(program), sight_(program.bench(), program.memory()) {
+TourPlayer::TourPlayer(Program& program) : program_(program), sight_(program.sight()) {
     // Room for the whole bench, also on a small test screen.
     frmMDI& main = program.mainWindow();
     main.showNormal();
@@ -55,8 +70,10 @@ void TourPlayer::play(const std::string& script) {
         {"pick", [](TourPlayer& p, const Statement& s) { p.pick(s); }},
         {"mode", [](TourPlayer& p, const Statement& s) { p.mode(s.name); }},
         {"wait", [](TourPlayer& p, const Statement& s) { p.fireFor(std::stod(s.values.front())); }},
-        {"open", [](TourPlayer& p, const Statement& s) { p.openWindow(s.name, true); }},
-        {"close", [](TourPlayer& p, const Statement& s) { p.openWindow(s.name, false); }},
+        {"open", [](TourPlayer& p, const Statement& s) { p.openWindow(s.name); }},
+        {"close", [](TourPlayer& p, const Statement& s) { EXPECT_TRUE(closeBox(p.sight_.window(s.name))); }},
+        {"press", [](TourPlayer& p, const Statement& s) { p.press(s); }},
+        {"key", [](TourPlayer& p, const Statement& s) { p.key(s.name); }},
         {"write",
          [](TourPlayer& p, const Statement& s) {
              p.point(s);
@@ -154,29 +171,54 @@ void TourPlayer::fireFor(double seconds) {
         if (frmNavigation* tour = program_.aids().navigation()) {
             fireWhenDue(tour->timWatch(), sinceWatch_);
         }
+        if (frmVersion* panel = program_.aids().versionPanel()) {
+            fireWhenDue(panel->timTimer(), sinceVersion_);
+        }
     }
 }
 
-void TourPlayer::openWindow(const std::string& name, bool open) {
-    frmMDI& main = program_.mainWindow();
-    MemoryWindows& memory = program_.memory();
-    const std::map<std::string, int> choices{{"control", frmDumpSel::controlDoDi},
-                                             {"c1c7", frmDumpSel::c1ToC7},
-                                             {"drc", frmDumpSel::drc},
-                                             {"read", frmDumpSel::memoryRead}};
-    if (const auto choice = choices.find(name); choice != choices.end() && open) {
-        QTest::mouseClick(&main.label(Tool::memoryWindow), Qt::LeftButton);
-        QTest::mouseClick(&memory.chooser()->cmdAREA(choice->second), Qt::LeftButton);
-    } else if (choice != choices.end()) {
-        choice->second == frmDumpSel::memoryRead ? memory.readDialog()->close()
-                                                 : memory.window(static_cast<Area>(choice->second))->parentWidget()->close();
-    } else if (name == "register") {
-        open ? QTest::mouseClick(&main.label(Tool::registerWindow), Qt::LeftButton)
-             : static_cast<void>(program_.registers().window()->close());
-    } else {
-        open ? QTest::mouseClick(&main.label(Tool::registerHint), Qt::LeftButton)
-             : static_cast<void>(program_.aids().hints()->close());
+void TourPlayer::openWindow(const std::string& name) {
+    constexpr int noEntry = -1;
+    struct Way {
+        Tool tool;
+        int entry = noEntry;  // of the chooser
+    };
+    static const std::map<std::string, Way> ways{{"register", {Tool::registerWindow}},
+                                                 {"hint", {Tool::registerHint}},
+                                                 {"settings", {Tool::defaultSet}},
+                                                 {"version", {Tool::version}},
+                                                 {"chooser", {Tool::memoryWindow}},
+                                                 {"control", {Tool::memoryWindow, frmDumpSel::controlDoDi}},
+                                                 {"c1c7", {Tool::memoryWindow, frmDumpSel::c1ToC7}},
+                                                 {"drc", {Tool::memoryWindow, frmDumpSel::drc}},
+                                                 {"read", {Tool::memoryWindow, frmDumpSel::memoryRead}}};
+    ASSERT_TRUE(ways.contains(name)) << "the strip doesn't lead there";
+    const Way& way = ways.at(name);
+    QTest::mouseClick(&program_.mainWindow().label(way.tool), Qt::LeftButton);
+    if (way.entry != noEntry) {
+        QTest::mouseClick(&program_.memory().chooser()->cmdAREA(way.entry), Qt::LeftButton);
     }
+}
+
+void TourPlayer::press(const Statement& s) {
+    QWidget* window = sight_.window(s.name);
+    ASSERT_TRUE(isUp(window)) << "the window is shut";
+    for (QAbstractButton* button : window->findChildren<QAbstractButton*>()) {
+        if (plainText(button->text().toStdString()) == s.values.front()) {
+            ASSERT_TRUE(button->isEnabled());
+            button->click();
+            return;
+        }
+    }
+    ADD_FAILURE() << "no such button";
+}
+
+// To whatever has the keyboard.
+void TourPlayer::key(const std::string& keys) {
+    const QKeySequence sequence(QString::fromStdString(keys), QKeySequence::PortableText);
+    ASSERT_EQ(sequence.count(), 1);
+    QWidget* focus = QApplication::focusWidget();
+    QTest::keyClick(focus != nullptr ? focus : &program_.mainWindow(), sequence[0].key(), sequence[0].keyboardModifiers());
 }
 
 // --- the host CPU ------------------------------------------------------------------------------------------------------------
@@ -196,10 +238,12 @@ void TourPlayer::enter(QWidget& dialog, const Statement& s) {
 }
 
 void TourPlayer::point(const Statement& s) {
-    ASSERT_TRUE(program_.registers().window() != nullptr && program_.registers().window()->isVisible())
-        << "the register window is shut";
-    const auto column = *s.place % 2 != 0 ? frmRegister::valHigh : frmRegister::valLow;
-    QTest::mouseDClick(&program_.registers().window()->cell((*s.place - registerBase) / 2 + 1, column), Qt::LeftButton);
+    ASSERT_TRUE(isUp(program_.registers().window())) << "the register window is shut";
+    const auto* row = std::find_if(registerTable.begin(), registerTable.end(),
+                                   [&s](const RegisterRow& candidate) { return candidate.name == s.name; });
+    const auto column = s.place.value_or(0) % 2 != 0 ? frmRegister::valHigh : frmRegister::valLow;
+    QTest::mouseDClick(&program_.registers().window()->cell(static_cast<int>(row - registerTable.begin()) + 1, column),
+                       Qt::LeftButton);
 }
 
 DumpGrid& TourPlayer::doubleClickCell(int place) {
@@ -208,7 +252,7 @@ DumpGrid& TourPlayer::doubleClickCell(int place) {
     });
     frmDump& dump = *program_.memory().window(row->area);
     EXPECT_TRUE(dump.isVisible()) << "its dump window is shut";
-    const int cell = addressToLabel(program_.machine(), place - row->firstByte);
+    const int cell = addressToLabel(program_.machine(), busToMemoryIndex(program_.machine(), place) - row->firstByte);
     QTest::mouseDClick(&dump.grid(), Qt::LeftButton, {}, dump.grid().cellRect(cell, DumpGrid::Side::data).center());
     return dump.grid();
 }

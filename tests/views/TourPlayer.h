@@ -30,7 +30,9 @@ private:
     void hold(const Statement& s);
     void pick(const Statement& s);
     void mode(const std::string& name);
-    void openWindow(const std::string& name, bool open);
+    void openWindow(const std::string& name);
+    void press(const Statement& s);
+    void key(const std::string& keys);
     void point(const Statement& s);
     void enter(QWidget& dialog, const Statement& s);
     DumpGrid& doubleClickCell(int place);
@@ -46,11 +48,12 @@ private:
     std::string said() const;
 
     Program& program_;
-    TourSight sight_;
+    const TourSight& sight_;
     BenchPart* held_ = nullptr;
     QPoint heldAt_;
     std::vector<std::string> checked_;
     double sinceTick_ = 0;  // milliseconds
     double sinceMotor_ = 0;
     double sinceWatch_ = 0;
+    double sinceVersion_ = 0;
 };

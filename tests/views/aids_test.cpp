@@ -168,13 +168,12 @@ TEST(ThePicturesBesideTheProgram, are_all_there) {
     }
     EXPECT_EQ(seen.size(), 4U + 4 + 1 + 2 + 16);
     const auto pages = readHintList(readTextFile(bin / "HintData" / "RegsterHint.TXT").value_or(""));
-    ASSERT_EQ(pages.size(), 12U);
+    ASSERT_GT(pages.size(), controlWordPage);
     for (const HintPage& page : pages) {
         EXPECT_EQ(readable("HintData", page.picture, 1), QSizeF(620, 460));
     }
     for (const RegisterRow& row : registerTable) {
-        const auto page = pageFor(pages, row.name);
-        EXPECT_EQ(page.has_value(), row.name != "CC") << row.name;
+        EXPECT_TRUE(pageFor(pages, row.name)) << row.name;
     }
     EXPECT_NE(pages[controlWordPage].caption.find("コントロールワード"), std::string::npos);
 }

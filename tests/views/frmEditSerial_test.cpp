@@ -37,9 +37,9 @@ TEST_F(SerialDialog, a_word_is_set_started_and_goes_out) {
     ASSERT_TRUE(serial().isVisible());
     EXPECT_EQ(serial().findChild<QLabel*>("lblAdr")->text(), "2");
     // On a screen of 1280 the dialog stands at its right edge, and the LED of the cascade card is still seen beside it.
-    frmHard& bench = *program->bench().bench();
-    const QPoint led = bench.view().mapFromScene(bench.part("picSE", 1)->sceneBoundingRect().topRight());
-    EXPECT_LT(bench.view().mapTo(&main(), led).x(), 1280 - serial().frameGeometry().width());
+    const int edge = program->bench().bench()->contentsMargins().left();
+    const qreal led = edge + program->bench().bench()->part("picSE", 1)->sceneBoundingRect().right();
+    EXPECT_LT(led, 1280 - serial().frameGeometry().width());
     EXPECT_EQ(serial().txtWriteData().text(), "0000");
     EXPECT_TRUE(button(frmEditSerial::actionSet).isEnabled() && button(frmEditSerial::actionSet).isDefault());
     EXPECT_FALSE(button(frmEditSerial::actionStart).isEnabled());

@@ -88,6 +88,8 @@ TEST_P(Tours, keep_what_they_promise) {
         if (!hasPageBehind(tour().tour())) {
             break;
         }
+        tour().activateWindow();  // a click there takes the keyboard along
+        QApplication::processEvents();
         QTest::mouseClick(&tour().cmdAction(frmNavigation::actionNext), Qt::LeftButton);
     }
     EXPECT_GE(checks, 5) << "a tour shows something";
@@ -135,7 +137,7 @@ TEST_F(Played, worked_values_of_the_hint_pages_hold) {
         player->play(text.mid(end + 1).toStdString());
         EXPECT_FALSE(player->checked().empty());
     }
-    EXPECT_EQ(pages.size(), 12U) << "a page without a worked value";
+    EXPECT_EQ(pages.size(), 16U) << "a page without a worked value";
 }
 
 }  // namespace
