@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """The pages of what stands on the bench, and of the row CC. Every worked value is played by a test: see hints.play."""
 from hints.page import MARGIN, WRITERS, Page
 from kit.svg_kit import CARD, CARD_LINE, GREEN, INK, MONO, NET, RED, SCAN, SECOND, WHITE, YOURS
