@@ -27,7 +27,7 @@ struct Row {
 
 std::vector<Row> rows() {
     const std::string codePage = "; \x83\x5c\x83\x5d\r\n\x83\x5c=\x83\x5b\r\n";  // second bytes that are ASCII letters
-    const std::string half = std::string("\x3d\xd8\x00\x00", 4);                 // half a character, and one that is 0
+    const std::string half("\x3d\xd8\x00\x00\xe9\x07\x80\x00", 8);  // half a character, one that is 0, two of two bytes
     std::vector<Row> rows{
         // where it stands
         {"[INIT]\r\nA=1\r\nKEY=7\r\nB=2\r\n", 7, "[INIT]\r\nA=1\r\nKEY=42\r\nB=2\r\n"},
