@@ -65,12 +65,12 @@ protected:
         EXPECT_FALSE(box.isVisible()) << name;
         return box;
     }
-    frmDialog& question() { return *program->dialog(); }
     std::string questionText() {
-        return question().isVisible() ? question().findChild<QLabel*>("lblMessage")->text().mid(1).toStdString() : "";
+        const frmDialog& question = *program->dialog();
+        return question.isVisible() ? question.findChild<QLabel*>("lblMessage")->text().mid(1).toStdString() : "";
     }
     void answerQuestion(Qt::Key key) {
-        QTest::keyClick(&question(), key);
+        QTest::keyClick(program->dialog(), key);
         QApplication::processEvents();
         main().activateWindow();
         QApplication::processEvents();
