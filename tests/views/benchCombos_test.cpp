@@ -64,11 +64,9 @@ TEST_F(Bench, the_keyboard_is_where_it_was_when_a_box_has_gone) {
     EXPECT_FALSE(part("picSA", 2).byKeyboard()) << "no ring after mere mouse use";
     part("picSA", 2).setFocus(Qt::TabFocusReason);
     key(Qt::Key_Return);
-    EXPECT_TRUE(box.isOpen());
     QTest::keyClick(&box, Qt::Key_Home);
     machine().boardSA[saQDA73] = 0;
     QTest::keyClick(&box, Qt::Key_Escape);
-    EXPECT_FALSE(box.isOpen());
     EXPECT_EQ(machine().boardSA[saQDA73], 0x30) << "Escape commits as any loss of the focus, what was there before";
     EXPECT_TRUE(atWork() == &part("picSA", 2) && part("picSA", 2).byKeyboard());
 

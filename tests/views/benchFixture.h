@@ -1,4 +1,3 @@
-// SPDX-License-Identifier: Apache-2.0
 // The started program with a learner at its bench: the scan of stations 1 to 4 runs, and nothing lies over the bench.
 
 #pragma once
@@ -66,12 +65,12 @@ protected:
         EXPECT_FALSE(box.isVisible()) << name;
         return box;
     }
-    frmDialog& question() { return *program->aids().dialog(); }
     std::string questionText() {
-        return isUp(program->aids().dialog()) ? question().findChild<QLabel*>("lblMessage")->text().mid(1).toStdString() : "";
+        const frmDialog* question = program->aids().dialog();
+        return isUp(question) ? question->findChild<QLabel*>("lblMessage")->text().mid(1).toStdString() : "";
     }
     void answerQuestion(Qt::Key key) {
-        QTest::keyClick(&question(), key);
+        QTest::keyClick(program->aids().dialog(), key);
         QApplication::processEvents();
         main().activateWindow();
         QApplication::processEvents();
