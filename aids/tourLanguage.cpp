@@ -141,7 +141,7 @@ std::optional<std::string> readValue(const Statement& /*s*/, const Machine& /*ma
 constexpr auto aDeed = WordKind::deed;
 constexpr auto aPromise = WordKind::promise;
 
-constexpr std::array<TourWord, 34> vocabulary{{
+constexpr std::array<TourWord, 37> vocabulary{{
     {"click", "PART", aDeed},
     {"dblclick", "PART", aDeed},
     {"hold", "PART", aDeed},
@@ -150,6 +150,9 @@ constexpr std::array<TourWord, 34> vocabulary{{
     {"mode", "MODE", aDeed},
     {"open", "WINDOW", aDeed},
     {"close", "WINDOW", aDeed},
+    {"front", "ANYWINDOW", aDeed},
+    {"drag", "WINDOW NUMBER NUMBER", aDeed},
+    {"top", "DUMP", aDeed},
     {"write", "REG VALUE", aDeed},
     {"set", "ADDRESS VALUE", aDeed},
     {"read", "ADDRESS", aDeed},
@@ -298,9 +301,18 @@ bool takeMode(Rest& rest, Statement& s) {
            std::any_of(runModes.begin(), runModes.end(), [&s](const RunMode& mode) { return plainText(mode.caption) == s.name; });
 }
 
+// The windows by what can be done to them: dumps can be kept on top; the bench neither opens nor closes.
+constexpr std::array<std::string_view, 7> windows{"control", "c1c7", "drc", "read", "register", "hint", "bench"};
+constexpr std::ptrdiff_t dumps = 3;
+constexpr std::ptrdiff_t closable = 6;
+
+template <std::ptrdiff_t count>
 bool takeWindow(Rest& rest, Statement& s) {
-    constexpr std::array<std::string_view, 6> windows{"register", "hint", "control", "c1c7", "drc", "read"};
-    return takePart(rest, s) && std::find(windows.begin(), windows.end(), s.name) != windows.end();
+    const auto end = windows.begin() + count;
+    return takeIf(rest, [&s, end](const std::string& word) {
+        s.name = word;
+        return std::find(windows.begin(), end, word) != end;
+    });
 }
 
 struct Slot {
@@ -309,7 +321,7 @@ struct Slot {
 };
 
 // What stands in the forms of the words.
-constexpr std::array<Slot, 16> slots{{
+constexpr std::array<Slot, 18> slots{{
     {"PART", takePart},
     {"LAMP", takeLamp},
     {"REG", takeRegister},
@@ -325,7 +337,9 @@ constexpr std::array<Slot, 16> slots{{
     {"I", takeIndex},
     {"BOARD", takeBoard},
     {"MODE", takeMode},
-    {"WINDOW", takeWindow},
+    {"WINDOW", takeWindow<closable>},
+    {"ANYWINDOW", takeWindow<windows.size()>},
+    {"DUMP", takeWindow<dumps>},
 }};
 
 bool takeSlot(std::string_view name, Rest& rest, Statement& s) {

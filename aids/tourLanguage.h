@@ -6,6 +6,9 @@
 //   pick PART [I] = TEXT    chooses an item of a combo box of the bench, which an earlier deed has opened
 //   mode MODE               clicks a run mode: RUN, STOP, SLOW, 1-Time
 //   open WINDOW             close WINDOW            register, hint, control, c1c7, drc, read
+//   front WINDOW            clicks what can be seen of its title, so that it lies in front; also bench
+//   drag WINDOW RIGHT DOWN  moves it by its title, by so many pixels
+//   top WINDOW              has a dump stay in front of the windows of the area: control, c1c7, drc
 //   write REG VALUE         set ADDRESS VALUE       read ADDRESS       by the dialogs of the host CPU; REG is SCR, SCR.H, SCR.L
 //   serial I WORD           types a word into the serial dialog of circuit I and lets it go out
 //   ok                      cancel                  answers the message dialog
@@ -23,7 +26,7 @@
 //   moves THING             still THING             a register or part of the bench
 //   cycle REG VALUES        one click on 1-Time after the other walks through these values, from wherever it stands
 //
-// Not checked here: whether a window lies over what is promised.
+// Not watched: whether a window lies over what is promised. The test that plays the tours fails where one does.
 
 #pragma once
 

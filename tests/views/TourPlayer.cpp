@@ -20,6 +20,7 @@
 #include "tests/views/startedProgram.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QLabel>
 #include <QMdiArea>
 #include <QPushButton>
@@ -33,14 +34,22 @@ namespace {
 
 constexpr double step = 20;  // milliseconds of waiting between two looks at the timers
 
+// On the screen that the program is made for, under a title as a desktop draws it: the platform's own frame is thinner.
+constexpr QPoint mainPlace{0, 20};
+constexpr QSize mainSize{1280, 1002};
+
+// A finger's breadth around the point to be touched.
+QRect touched(QPoint point) {
+    return {point - QPoint(2, 2), QSize(5, 5)};
+}
+
 }  // namespace
 
-TourPlayer::TourPlayer(Program& program) : program_(program), sight_(program.bench(), program.memory()) {
-    // Room for the whole bench, also on a small test screen.
+TourPlayer::TourPlayer(Program& program, Eyes eyes) : program_(program), sight_(program.bench(), program.memory()), eyes_(eyes) {
     frmMDI& main = program.mainWindow();
     main.showNormal();
-    main.resize(1280, 994);
-    main.move(-500, -300);
+    main.resize(mainSize);
+    main.move(mainPlace);
     main.activateWindow();
     QApplication::processEvents();
 }
@@ -54,8 +63,11 @@ void TourPlayer::play(const std::string& script) {
         {"pick", [](TourPlayer& p, const Statement& s) { p.pick(s); }},
         {"mode", [](TourPlayer& p, const Statement& s) { p.mode(s.name); }},
         {"wait", [](TourPlayer& p, const Statement& s) { p.fireFor(std::stod(s.values.front())); }},
-        {"open", [](TourPlayer& p, const Statement& s) { p.openWindow(s.name, true); }},
-        {"close", [](TourPlayer& p, const Statement& s) { p.openWindow(s.name, false); }},
+        {"open", [](TourPlayer& p, const Statement& s) { p.open(s.name); }},
+        {"close", [](TourPlayer& p, const Statement& s) { p.close(s.name); }},
+        {"front", [](TourPlayer& p, const Statement& s) { p.front(s.name); }},
+        {"drag", [](TourPlayer& p, const Statement& s) { p.drag(s); }},
+        {"top", [](TourPlayer& p, const Statement& s) { p.top(s.name); }},
         {"write",
          [](TourPlayer& p, const Statement& s) {
              p.point(s);
@@ -87,21 +99,83 @@ void TourPlayer::play(const std::string& script) {
     }
 }
 
+// --- what can be seen --------------------------------------------------------------------------------------------------------
+
+void TourPlayer::see(const QWidget& widget, const QRect& rect) {
+    if (eyes_ == Eyes::open) {
+        EXPECT_EQ(screen_.over(widget, rect), "") << "lies over it";
+    }
+}
+
+void TourPlayer::click(QWidget& widget) {
+    see(widget, touched(widget.rect().center()));
+    widget.window()->activateWindow();
+    QTest::mouseClick(&widget, Qt::LeftButton);
+}
+
+void TourPlayer::look(const Statement& promise) {
+    constexpr std::array<std::size_t, 4> switchesOf{2, 0, 0, 4};  // Board-3 has none and follows Board-2
+    const std::string_view verb = promise.word->verb;
+    if (promise.word->present == nullptr || eyes_ == Eyes::closed) {
+        return;  // what is said comes up in front
+    }
+    if (promise.place) {
+        promise.name.empty() ? lookAtMemory(promise) : lookAtRegister(promise);
+    } else if (verb == "sa") {
+        lookAtBench("picSA", switchesOf[promise.index - 1]);
+        lookAtBench("picSA", switchesOf[promise.index - 1] + 1);
+    } else if (verb == "bus") {
+        see(*program_.memory().window(Area::controlDoDi)->findChild<QLabel*>("lblCPUType"));
+    } else if (verb == "got") {
+        see(*program_.memory().readDialog()->findChild<QLabel*>("lblData"));
+    } else {
+        lookAtBench(promise.name, promise.index);
+    }
+}
+
+// Where a part or label is, or would be.
+void TourPlayer::lookAtBench(const std::string& name, std::size_t index) {
+    frmHard& bench = *program_.bench().bench();
+    const QGraphicsItem* item = bench.part(name, index);
+    item = item != nullptr ? item : bench.label(name, index);
+    ASSERT_NE(item, nullptr) << "no such part";
+    const QRectF place = item->mapRectToScene(item->shape().boundingRect());
+    see(*bench.view().viewport(), bench.view().mapFromScene(place).boundingRect());
+}
+
+void TourPlayer::lookAtRegister(const Statement& s) {
+    frmRegister* window = program_.registers().window();
+    ASSERT_TRUE(isUp(window)) << "the register window is shut";
+    const int row = (*s.place - registerBase) / 2 + 1;
+    const bool high = *s.place % 2 != 0;
+    if (s.digits == 4 || high) {
+        see(window->cell(row, frmRegister::valHigh));
+    }
+    if (s.digits == 4 || !high) {
+        see(window->cell(row, frmRegister::valLow));
+    }
+}
+
+void TourPlayer::lookAtMemory(const Statement& s) {
+    frmDump* dump = dumpOf(*s.place);
+    ASSERT_TRUE(isUp(dump)) << "its dump window is shut";
+    for (int place = *s.place; place < *s.place + s.digits / 2; ++place) {
+        see(dump->grid(), cellOf(*dump, place));
+    }
+}
+
 // --- the bench -------------------------------------------------------------------------------------------------------------
 
 BenchHand TourPlayer::hand() {
-    frmHard& bench = *program_.bench().bench();
-    // A click on the bench brings the main window to the front.
-    program_.mainWindow().activateWindow();
-    program_.mainWindow().area().setActiveSubWindow(&bench);
-    QApplication::processEvents();
-    return BenchHand(bench);
+    program_.mainWindow().activateWindow();  // by the click that follows
+    return BenchHand(*program_.bench().bench());
 }
 
 // A part that the learner can't see is no part to point at.
 BenchPart* TourPlayer::part(const Statement& s) {
     BenchPart& found = hand().part(s.name, s.index);
     EXPECT_TRUE(found.isVisible()) << s.name << ' ' << s.index << " is hidden";
+    see(*hand().viewport(), touched(hand().at(found)));
     return &found;
 }
 
@@ -115,6 +189,7 @@ void TourPlayer::pick(const Statement& s) {
     BenchCombo* box = program_.bench().bench()->combo(s.name, s.index);
     ASSERT_NE(box, nullptr);
     ASSERT_TRUE(box->isOpen()) << "nothing has opened it";
+    see(*box);
     for (int item = 0; item < box->count(); ++item) {
         if (plainText(box->itemText(item).toStdString()) == s.values.front()) {
             box->setFocus();
@@ -131,7 +206,7 @@ void TourPlayer::pick(const Statement& s) {
 void TourPlayer::mode(const std::string& name) {
     for (std::size_t index = 0; index < runModes.size(); ++index) {
         if (plainText(runModes[index].caption) == name) {
-            QTest::mouseClick(&program_.mainWindow().lblRunMode(static_cast<int>(index)), Qt::LeftButton);
+            click(program_.mainWindow().lblRunMode(static_cast<int>(index)));
         }
     }
 }
@@ -156,26 +231,102 @@ void TourPlayer::fireFor(double seconds) {
     }
 }
 
-void TourPlayer::openWindow(const std::string& name, bool open) {
+// --- windows -----------------------------------------------------------------------------------------------------------------
+
+namespace {
+
+const std::map<std::string, frmDumpSel::Choice> memoryWindows{{"control", frmDumpSel::controlDoDi},
+                                                              {"c1c7", frmDumpSel::c1ToC7},
+                                                              {"drc", frmDumpSel::drc},
+                                                              {"read", frmDumpSel::memoryRead}};
+
+}  // namespace
+
+void TourPlayer::open(const std::string& name) {
     frmMDI& main = program_.mainWindow();
-    MemoryWindows& memory = program_.memory();
-    const std::map<std::string, int> choices{{"control", frmDumpSel::controlDoDi},
-                                             {"c1c7", frmDumpSel::c1ToC7},
-                                             {"drc", frmDumpSel::drc},
-                                             {"read", frmDumpSel::memoryRead}};
-    if (const auto choice = choices.find(name); choice != choices.end() && open) {
-        QTest::mouseClick(&main.label(Tool::memoryWindow), Qt::LeftButton);
-        QTest::mouseClick(&memory.chooser()->cmdAREA(choice->second), Qt::LeftButton);
-    } else if (choice != choices.end()) {
-        choice->second == frmDumpSel::memoryRead ? memory.readDialog()->close()
-                                                 : memory.window(static_cast<Area>(choice->second))->parentWidget()->close();
-    } else if (name == "register") {
-        open ? QTest::mouseClick(&main.label(Tool::registerWindow), Qt::LeftButton)
-             : static_cast<void>(program_.registers().window()->close());
+    if (const auto choice = memoryWindows.find(name); choice != memoryWindows.end()) {
+        click(main.label(Tool::memoryWindow));
+        click(program_.memory().chooser()->cmdAREA(choice->second));
     } else {
-        open ? QTest::mouseClick(&main.label(Tool::registerHint), Qt::LeftButton)
-             : static_cast<void>(program_.aids().hints()->close());
+        click(main.label(name == "register" ? Tool::registerWindow : Tool::registerHint));
     }
+}
+
+QWidget* TourPlayer::window(const std::string& name) {
+    if (name == "bench") {
+        return program_.bench().bench();
+    }
+    if (name == "register") {
+        return program_.registers().window();
+    }
+    if (name == "hint") {
+        return program_.aids().hints();
+    }
+    if (name == "read") {
+        return program_.memory().readDialog();
+    }
+    frmDump* dump = program_.memory().window(static_cast<Area>(memoryWindows.at(name)));
+    return dump == nullptr || dump->isWindow() ? static_cast<QWidget*>(dump) : dump->parentWidget();
+}
+
+void TourPlayer::close(const std::string& name) {
+    QWidget* shut = window(name);
+    ASSERT_TRUE(isUp(shut)) << "it is not open";
+    EXPECT_TRUE(screen_.titleSeen(*shut, LearnersScreen::closeBoxOf(*shut).x(), 1)) << "its close box is covered";
+    shut->close();
+}
+
+// The window to be taken by its title, and the point of the screen where.
+QWidget* TourPlayer::byTitle(const std::string& name, QPoint& title) {
+    QWidget* taken = window(name);
+    if (!isUp(taken)) {
+        ADD_FAILURE() << "it is not open";
+        return nullptr;
+    }
+    const std::optional<QPoint> seen = screen_.titleOf(*taken);
+    EXPECT_TRUE(seen.has_value()) << "its title is covered";
+    title = seen.value_or(QPoint());
+    taken->window()->activateWindow();
+    return seen ? taken : nullptr;
+}
+
+// The desktop does it for its own windows, the area for those in it.
+void TourPlayer::front(const std::string& name) {
+    QPoint title;
+    if (QWidget* behind = byTitle(name, title)) {
+        behind->isWindow() ? behind->raise() : QTest::mouseClick(behind, Qt::LeftButton, {}, behind->mapFromGlobal(title));
+    }
+}
+
+void TourPlayer::drag(const Statement& s) {
+    const QPoint way(std::stoi(s.values[0]), std::stoi(s.values[1]));
+    QPoint title;
+    QWidget* dragged = byTitle(s.name, title);
+    if (dragged == nullptr) {
+        return;
+    }
+    const QPoint before = dragged->pos();
+    if (dragged->isWindow()) {
+        dragged->move(before + way);
+    } else {
+        const QPoint at = dragged->mapFromGlobal(title);
+        const auto moveTo = [dragged](QPoint place, Qt::MouseButtons held) {
+            QMouseEvent move(QEvent::MouseMove, place, dragged->mapToGlobal(place), Qt::NoButton, held, {});
+            QApplication::sendEvent(dragged, &move);
+        };
+        moveTo(at, Qt::NoButton);
+        QTest::mousePress(dragged, Qt::LeftButton, {}, at);
+        moveTo(at + way, Qt::LeftButton);
+        QTest::mouseRelease(dragged, Qt::LeftButton, {}, dragged->mapFromGlobal(title + way));
+    }
+    EXPECT_EQ(dragged->pos(), before + way);
+}
+
+void TourPlayer::top(const std::string& name) {
+    frmDump* dump = program_.memory().window(static_cast<Area>(memoryWindows.at(name)));
+    ASSERT_TRUE(isUp(dump)) << "it is not open";
+    click(*dump->findChild<QCheckBox*>("chkTopMost"));
+    EXPECT_TRUE(dump->isWindow());
 }
 
 // --- the host CPU ------------------------------------------------------------------------------------------------------------
@@ -183,6 +334,7 @@ void TourPlayer::openWindow(const std::string& name, bool open) {
 // Types the value into a write dialog; the narrow option for two digits.
 void TourPlayer::enter(QWidget& dialog, const Statement& s) {
     ASSERT_TRUE(dialog.isVisible()) << "the dialog didn't open";
+    see(dialog);
     auto* option = dialog.findChild<QRadioButton*>(s.digits == 2 ? "opnAccess1" : "opnAccess0");
     ASSERT_TRUE(option->isEnabled());
     option->click();
@@ -195,37 +347,53 @@ void TourPlayer::enter(QWidget& dialog, const Statement& s) {
 }
 
 void TourPlayer::point(const Statement& s) {
-    ASSERT_TRUE(program_.registers().window() != nullptr && program_.registers().window()->isVisible())
-        << "the register window is shut";
+    frmRegister* window = program_.registers().window();
+    ASSERT_TRUE(isUp(window)) << "the register window is shut";
     const auto column = *s.place % 2 != 0 ? frmRegister::valHigh : frmRegister::valLow;
-    QTest::mouseDClick(&program_.registers().window()->cell((*s.place - registerBase) / 2 + 1, column), Qt::LeftButton);
+    RegisterCell& cell = window->cell((*s.place - registerBase) / 2 + 1, column);
+    see(cell, touched(cell.rect().center()));
+    window->activateWindow();
+    QTest::mouseDClick(&cell, Qt::LeftButton);
 }
 
-DumpGrid& TourPlayer::doubleClickCell(int place) {
+frmDump* TourPlayer::dumpOf(int place) {
     const auto row = std::find_if(dumpAreas.begin(), dumpAreas.end(), [place](const DumpArea& area) {
         return place >= area.firstByte && place < area.firstByte + area.cells;
     });
-    frmDump& dump = *program_.memory().window(row->area);
-    EXPECT_TRUE(dump.isVisible()) << "its dump window is shut";
-    const int cell = addressToLabel(program_.machine(), place - row->firstByte);
-    QTest::mouseDClick(&dump.grid(), Qt::LeftButton, {}, dump.grid().cellRect(cell, DumpGrid::Side::data).center());
-    return dump.grid();
+    return program_.memory().window(row->area);
+}
+
+QRect TourPlayer::cellOf(frmDump& dump, int place) {
+    const int first = dumpAreas[static_cast<std::size_t>(dump.area())].firstByte;
+    return dump.grid().cellRect(addressToLabel(program_.machine(), place - first), DumpGrid::Side::data);
+}
+
+void TourPlayer::doubleClickCell(int place) {
+    frmDump* dump = dumpOf(place);
+    ASSERT_TRUE(isUp(dump)) << "its dump window is shut";
+    const QPoint at = cellOf(*dump, place).center();
+    see(dump->grid(), touched(at));
+    dump->window()->activateWindow();
+    QTest::mouseDClick(&dump->grid(), Qt::LeftButton, {}, at);
 }
 
 void TourPlayer::read(const Statement& s) {
     frmMemoryRead& dialog = *program_.memory().readDialog();
     ASSERT_TRUE(dialog.isVisible()) << "the read dialog is shut";
     auto* field = dialog.findChild<OvertypeField*>("txtAddress");
-    field->setFocus();
+    click(*field);
     QTest::keyClick(field, Qt::Key_Home);
     QTest::keyClicks(field, QString::fromStdString(hexText(static_cast<unsigned>(*s.place), 3)));
     QTest::keyClick(field, Qt::Key_Return);
 }
 
 void TourPlayer::serial(const Statement& s) {
-    hand().doubleClick(hand().part("picSDI", s.index));
+    Statement circuit = s;
+    circuit.name = "picSDI";
+    hand().doubleClick(*part(circuit));
     frmEditSerial& dialog = *program_.bench().serialDialog();
     ASSERT_TRUE(dialog.isVisible());
+    see(dialog);
     QTest::keyClick(&dialog.txtWriteData(), Qt::Key_Home);
     QTest::keyClicks(&dialog.txtWriteData(), QString::fromStdString(s.values.front()));
     QTest::mouseClick(&dialog.cmdAction(frmEditSerial::actionSet), Qt::LeftButton);
@@ -240,6 +408,7 @@ void TourPlayer::serial(const Statement& s) {
 // --- promises ------------------------------------------------------------------------------------------------------------------
 
 void TourPlayer::check(const Statement& promise) {
+    look(promise);
     if (promise.word->verb == "reg" || promise.word->verb == "differs") {
         registerIsShown(promise);
     }
@@ -263,7 +432,7 @@ std::string TourPlayer::now(const Statement& promise) {
 
 void TourPlayer::registerIsShown(const Statement& promise) {
     frmRegister* window = program_.registers().window();
-    ASSERT_TRUE(window != nullptr && window->isVisible()) << "the register window is shut";
+    ASSERT_TRUE(isUp(window)) << "the register window is shut";
     const auto cell = [&](auto column) {
         return window->cell((*promise.place - registerBase) / 2 + 1, column).text().toStdString();
     };
@@ -310,6 +479,7 @@ std::string TourPlayer::said() const {
 
 void TourPlayer::answer(Qt::Key key) {
     ASSERT_TRUE(isUp(program_.aids().dialog())) << "nothing is asked";
+    see(*program_.aids().dialog());
     QTest::keyClick(program_.aids().dialog(), key);
     program_.mainWindow().activateWindow();
 }
