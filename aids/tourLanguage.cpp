@@ -156,7 +156,7 @@ std::optional<std::string> readValue(const Statement& /*s*/, const Machine& /*ma
 constexpr auto aDeed = WordKind::deed;
 constexpr auto aPromise = WordKind::promise;
 
-constexpr std::array<TourWord, 37> vocabulary{{
+constexpr std::array<TourWord, 39> vocabulary{{
     {"click", "PART", aDeed},
     {"dblclick", "PART", aDeed},
     {"hold", "PART", aDeed},
@@ -167,6 +167,8 @@ constexpr std::array<TourWord, 37> vocabulary{{
     {"close", "WINDOW", aDeed},
     {"press", "WINDOW = TEXT", aDeed},
     {"key", "KEYS", aDeed},
+    {"front", "ANYWINDOW", aDeed},
+    {"drag", "WINDOW NUMBER NUMBER", aDeed},
     {"write", "REG VALUE", aDeed},
     {"set", "ADDRESS VALUE", aDeed},
     {"read", "ADDRESS", aDeed},
@@ -331,30 +333,27 @@ bool takeWindow(Rest& rest, Statement& s) {
     });
 }
 
+// The bench lies in front or behind, but neither opens nor closes.
+bool takeAnyWindow(Rest& rest, Statement& s) {
+    return takeWindow(rest, s) || takeIf(rest, [&s](const std::string& word) {
+               s.name = word;
+               return word == tourBench;
+           });
+}
+
 struct Slot {
     std::string_view name;
     bool (*take)(Rest& rest, Statement& s);
 };
 
 // What stands in the forms of the words.
-constexpr std::array<Slot, 18> slots{{
-    {"PART", takePart},
-    {"LAMP", takeLamp},
-    {"REG", takeRegister},
-    {"ROW", takeRow},
-    {"THING", takeThing},
-    {"ADDRESS", takeAddress},
-    {"VALUE", takeValue},
-    {"VALUES", takeValues},
-    {"BYTE", takeDigits<2>},
-    {"WORD", takeDigits<4>},
-    {"NUMBER", takeNumber},
-    {"SECONDS", takeSeconds},
-    {"TEXT", takeText},
-    {"I", takeIndex},
-    {"BOARD", takeBoard},
-    {"MODE", takeMode},
-    {"WINDOW", takeWindow},
+constexpr std::array<Slot, 19> slots{{
+    {"PART", takePart},      {"LAMP", takeLamp},     {"REG", takeRegister},
+    {"ROW", takeRow},        {"THING", takeThing},   {"ADDRESS", takeAddress},
+    {"VALUE", takeValue},    {"VALUES", takeValues}, {"BYTE", takeDigits<2>},
+    {"WORD", takeDigits<4>}, {"NUMBER", takeNumber}, {"SECONDS", takeSeconds},
+    {"TEXT", takeText},      {"I", takeIndex},       {"BOARD", takeBoard},
+    {"MODE", takeMode},      {"WINDOW", takeWindow}, {"ANYWINDOW", takeAnyWindow},
     {"KEYS", takePart},
 }};
 

@@ -28,7 +28,7 @@ struct BenchComboRow {
     std::string_view picture;
     std::vector<std::size_t> pictures{0};
     int width = narrow;
-    int shift = 0;  // to the left, where it would leave the card
+    int shift = 0;  // to the left, where it would leave the card or go under the register window
     QStringList items;
     std::function<int(const Machine&)> listIndex;
     std::function<Answer(Machine&, int item)> commit;
@@ -112,7 +112,7 @@ std::vector<BenchComboRow> makeComboRows() {
             {.name = "cmbCPUType",
              .picture = "picCPU",
              .width = 136,
-             .shift = 20,
+             .shift = 44,
              .items = listOf(cpuTypeNames),
              .listIndex = chosen<&Machine::cmbCPUType>,
              .commit = silently<cmbCPUType_LostFocus>,

@@ -1,20 +1,27 @@
 // SPDX-License-Identifier: Apache-2.0
 // Plays what a text tells the learner to do, on the running program and through its real windows, and checks what it promises.
 // The scripts are in the language of aids/tourLanguage.h.
+//
+// It plays as a learner on a screen of 1280 x 1024 does: what is to be touched has to be uncovered where it is touched, what is
+// to be read as a whole, and a window comes to the front by a click on it and by nothing else.
 
 #pragma once
 
-#include "memwin/views/DumpGrid.h"
+#include "memwin/views/frmDump.h"
 #include "program/Program.h"
 #include "program/TourSight.h"
 #include "tests/views/BenchHand.h"
+#include "tests/views/LearnersScreen.h"
 
 #include <string>
 #include <vector>
 
+enum class Eyes { open, closed };
+
 class TourPlayer {
 public:
-    explicit TourPlayer(Program& program);
+    // With closed eyes it doesn't ask whether a window lies over what it touches and reads.
+    explicit TourPlayer(Program& program, Eyes eyes = Eyes::open);
 
     // Every failure names the statement.
     void play(const std::string& script);
@@ -25,6 +32,21 @@ public:
 private:
     BenchHand hand();
     BenchPart* part(const Statement& s);
+    QWidget* window(const std::string& name);
+
+    // What keeps the learner from seeing it fails.
+    void see(const QWidget& widget, const QRect& rect);
+    void see(const QWidget& widget) { see(widget, widget.rect()); }
+    void click(QWidget& widget);
+    void look(const Statement& promise);
+    bool lookAtWindow(const std::string& name);
+    void lookAtBench(const std::string& name, std::size_t index);
+    void lookAtRegister(const Statement& s);
+    void lookAtMemory(const Statement& s);
+    QWidget* byTitle(const std::string& name, QPoint& title);
+    void front(const std::string& name);
+    void drag(const Statement& s);
+    void close(const std::string& name);
     void fireFor(double seconds);
 
     void hold(const Statement& s);
@@ -35,7 +57,9 @@ private:
     void key(const std::string& keys);
     void point(const Statement& s);
     void enter(QWidget& dialog, const Statement& s);
-    DumpGrid& doubleClickCell(int place);
+    frmDump* dumpOf(int place);  // null while nobody has opened it
+    QRect cellOf(frmDump& dump, int place);
+    void doubleClickCell(int place);
     void read(const Statement& s);
     void serial(const Statement& s);
     void answer(Qt::Key key);
@@ -49,6 +73,8 @@ private:
 
     Program& program_;
     const TourSight& sight_;
+    LearnersScreen screen_;
+    Eyes eyes_;
     BenchPart* held_ = nullptr;
     QPoint heldAt_;
     std::vector<std::string> checked_;

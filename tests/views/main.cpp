@@ -6,7 +6,8 @@
 #include <gtest/gtest.h>
 
 int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    // The screen that the program is made for.
+    qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" VRB_ASSETS "/../tests/views/screen.json");
     testing::InitGoogleTest(&argc, argv);
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);

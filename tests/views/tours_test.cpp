@@ -26,12 +26,12 @@ std::vector<NaviRecord> toursOfIndex() {
 
 class Played : public StartedProgram {
 protected:
-    void startPlay() {
+    void startPlay(Eyes eyes = Eyes::open) {
         std::filesystem::copy(naviData, std::filesystem::path(folder.path().toStdString()) / "NaviData");
         start(makersFile + "OPENWINDOW3=1\r\n");
         fire();
         program->aids().versionPanel() != nullptr ? program->aids().versionPanel()->hide() : void();
-        player.emplace(*program);
+        player.emplace(*program, eyes);
     }
     frmNavigation& tour() { return *program->aids().navigation(); }
 
@@ -127,7 +127,7 @@ TEST_F(Played, worked_values_of_the_hint_pages_hold) {
         ASSERT_TRUE(text.startsWith('[') && end > 0);
         pages.insert(text.mid(1, end - 1));
         if (program == nullptr) {
-            startPlay();
+            startPlay(Eyes::closed);
         } else {
             Mdef_Set(machine());
             program->restartMachine();
