@@ -183,7 +183,7 @@ TEST(ThePicturesBesideTheProgram, are_all_there) {
     }
     EXPECT_EQ(seen.size(), 4U + 4 + 1 + 2 + 16);
     const auto pages = readHintList(readTextFile(bin / "HintData" / "RegsterHint.TXT").value_or(""));
-    ASSERT_EQ(pages.size(), 12U);
+    ASSERT_EQ(pages.size(), 16U);
     for (const HintPage& page : pages) {
         EXPECT_EQ(readable("HintData", page.picture, 1), QSizeF(620, 460));
     }
