@@ -188,8 +188,7 @@ TEST(ThePicturesBesideTheProgram, are_all_there) {
         EXPECT_EQ(readable("HintData", page.picture, 1), QSizeF(620, 460));
     }
     for (const RegisterRow& row : registerTable) {
-        const auto page = pageFor(pages, row.name);
-        EXPECT_EQ(page.has_value(), row.name != "CC") << row.name;
+        EXPECT_TRUE(pageFor(pages, row.name).has_value()) << row.name;
     }
     EXPECT_NE(pages[controlWordPage].caption.find("コントロールワード"), std::string::npos);
 }
