@@ -90,7 +90,7 @@ std::optional<int> TourSight::picture(const std::string& name, std::size_t index
 }
 
 std::optional<std::string> TourSight::label(const std::string& name, std::size_t index) const {
-    if (const std::optional<std::string> text = labelOfWindow(name)) {
+    if (std::optional<std::string> text = labelOfWindow(name)) {
         return text;
     }
     const BenchLabel* label = sets_.bench.bench()->label(name, index);
