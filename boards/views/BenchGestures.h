@@ -15,7 +15,7 @@ class BenchGestures : public QObject {
 public:
     explicit BenchGestures(Machine& machine) : machine_(machine) {}
 
-    static BenchPart::Reactions reactionsOf(const PartRow& row);
+    static BenchPart::Reactions reactionsOf(const PartRow& part);
     void play(BenchPart* part, Touch touch);
 
     Machine& machine() { return machine_; }
