@@ -110,28 +110,6 @@ TEST_F(Bench, every_part_answers_over_its_whole_picture) {
     EXPECT_EQ(machine().diImage[4], 0x20) << "the last pixel of a switch";
 }
 
-// What a double click toggles a single one leaves alone, and the other way round every click counts.
-TEST_F(Bench, toggles_go_there_and_back_by_their_own_gesture) {
-    startBench();
-    for (const auto& [name, index, twice] : {std::tuple{"picBPSS", 0, true},
-                                             {"picSSA", 1, true},
-                                             {"picSSB", 2, true},
-                                             {"picPI", 37, false},
-                                             {"picCableUp", 2, false},
-                                             {"picCableDn", 1, false}}) {
-        SCOPED_TRACE(name);
-        const auto gesture = [&, part = name, at = static_cast<std::size_t>(index), two = twice](bool own) {
-            own == two ? doubleClick(part, at) : click(part, at);
-            return picture(part, at);
-        };
-        const int before = picture(name, static_cast<std::size_t>(index));
-        const int after = gesture(true);
-        EXPECT_NE(after, before);
-        EXPECT_EQ(gesture(true), before);
-        EXPECT_EQ(gesture(false), before) << "nothing, or there and back";
-    }
-}
-
 TEST_F(Bench, held_buttons_stay_down_until_the_mouse_button_comes_up_wherever_it_is) {
     startBench();
     struct Row {
@@ -343,8 +321,8 @@ TEST_F(Bench, timing_charts_stand_beside_their_port) {
     }
 }
 
-// What the bench asks of other windows, by the argument of its signal.
-TEST_F(Bench, diagrams_and_serial_input_are_asked_for_by_their_chip) {
+// A diagram goes with its card and follows its settings.
+TEST_F(Bench, chips_ask_for_their_diagram) {
     startBench();
     const auto argument = [](QSignalSpy& spy) { return spy.isEmpty() ? -1 : spy.takeLast().at(0).toInt(); };
     QSignalSpy wanted(&bench(), &frmHard::diagramWanted);
@@ -358,20 +336,12 @@ TEST_F(Bench, diagrams_and_serial_input_are_asked_for_by_their_chip) {
     EXPECT_EQ(gone.count(), 1);
     doubleClick("picFConn");
     EXPECT_EQ(argument(follows), 1);
-    const auto followed = [&](const char* name, const char* picture, int item) {
-        choose(name, 0, picture, 0, item);
-        return argument(follows);
-    };
-    EXPECT_EQ(followed("cmbIOS", "picIOS", 7), 4);
+    choose("cmbIOS", 0, "picIOS", 0, 7);
+    EXPECT_EQ(argument(follows), 4);
     doubleClick("picPWM");
     EXPECT_EQ(argument(wanted), 4);
-    EXPECT_EQ(followed("cmbCPUType", "picCPU", 1), 0);
-    // The bus type reaches the memory windows; the read dialog goes with an 8-bit bus.
-    chooseMemory(frmDumpSel::memoryRead);
-    EXPECT_EQ(followed("cmbCPUType", "picCPU", 3), 0);
-    EXPECT_TRUE(isUp(program->memory().readDialog()));
-    EXPECT_EQ(followed("cmbCPUType", "picCPU", 2), 0);
-    EXPECT_FALSE(isUp(program->memory().readDialog()));
+    choose("cmbCPUType", 0, "picCPU", 0, 1);
+    EXPECT_EQ(argument(follows), 0);
 }
 
 // --- keyboard, zoom, speed -------------------------------------------------------------------------------------------------
@@ -420,31 +390,6 @@ TEST_F(Bench, zoom_keeps_gestures_and_boxes_in_their_places) {
     EXPECT_FALSE(box.contains(at(part("picBPS73"))));
     QTest::keyClick(&bench().view(), Qt::Key_0, Qt::ControlModifier);
     EXPECT_EQ(bench().width(), before);
-}
-
-TEST_F(Bench, a_firing_that_changes_nothing_repaints_nothing) {
-    startBench();
-    fire(40);
-    QApplication::processEvents();
-    for (int firing = 0; firing < 3; ++firing) {
-        main().timTick().fire();
-        EXPECT_EQ(bench().refresh(), 0);
-    }
-    class Paints : public QObject {
-    public:
-        int count = 0;
-        bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-            count += event->type() == QEvent::Paint ? 1 : 0;
-            return false;
-        }
-    } paints;
-    viewport()->installEventFilter(&paints);
-    fire(5);
-    QApplication::processEvents();
-    EXPECT_EQ(paints.count, 0);
-    click("picPI", 0);
-    QApplication::processEvents();
-    EXPECT_GT(paints.count, 0);
 }
 
 }  // namespace

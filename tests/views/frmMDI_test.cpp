@@ -30,20 +30,6 @@ QRect tickBar(frmMDI& main) {
     return {main.tickBar().left, 0, main.tickBar().width, 4};
 }
 
-TEST_F(MainWindow, comes_up_running_with_a_scan_of_stations_1_to_4) {
-    start();
-    EXPECT_TRUE(main().isVisible());
-    EXPECT_TRUE(main().lblRunMode(modeRun).isChecked());
-    EXPECT_TRUE(machine().startupDone);
-    EXPECT_EQ(memoryWord(machine(), reg::bcrLow), 0x0013);
-    EXPECT_EQ(memoryWord(machine(), reg::scrLow), 0x0004);
-    fire();
-    EXPECT_TRUE(machine().scanRunning);
-    EXPECT_EQ(machine().chipMemory[reg::c1crLow], 0) << "all four stations answer";
-    EXPECT_TRUE(program->registers().window() != nullptr && registers().isVisible());
-    EXPECT_EQ(main().label(Tool::registerWindow).cursor().shape(), Qt::ArrowCursor);
-}
-
 TEST_F(MainWindow, comes_up_without_a_settings_file) {
     start("");
     EXPECT_TRUE(machine().startupDone);

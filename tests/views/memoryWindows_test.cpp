@@ -130,6 +130,12 @@ TEST_F(MemoryView, the_read_dialog_is_for_an_8_bit_bus) {
     EXPECT_EQ(dialog.findChild<QLabel*>("lblData")->text(), "??") << "a change of HPR's low byte starts it anew";
     chooseMemory(frmDumpSel::closeAll);
     EXPECT_FALSE(dialog.isVisible());
+    chooseMemory(frmDumpSel::memoryRead);
+    for (const int busType : {3, 2}) {
+        machine().cpuType = static_cast<std::int16_t>(busType);
+        emit program->bench().busTypeChanged();
+        EXPECT_EQ(dialog.isVisible(), busType == 3);
+    }
 }
 
 // Which cells of the word turn red, and what the dialog shows of it.
@@ -194,38 +200,18 @@ TEST_F(MemoryView, a_change_is_red_for_five_seconds_and_points_follow_the_mouse)
     }
 }
 
-TEST_F(MemoryView, what_a_write_changed_turns_red_and_the_rest_of_the_word_black) {
+TEST_F(MemoryView, what_is_protected_is_said_and_a_character_asks_nothing) {
     start(withDump);
-    setMemoryWord(machine(), 0x08E, 0x1200);
     fire();
-    doubleClick(Area::controlDoDi, 0x80);
-    QTest::keyClicks(&value(), "12cd");
-    QTest::keyClick(&value(), Qt::Key_Return);
-    EXPECT_EQ(memoryWord(machine(), 0x08E), 0x12CD);
-    EXPECT_FALSE(shown(Area::controlDoDi, 0x80).red);
-    EXPECT_TRUE(shown(Area::controlDoDi, 0x81).red);
-    EXPECT_EQ(shown(Area::controlDoDi, 0x81).value, 0xCD);
-}
-
-TEST_F(MemoryView, protection_during_a_scan_is_said_at_the_pointer_or_after_the_dialog) {
-    start(withDump + "CPUTYPE=1\r\n");
-    memory().openArea(Area::c1ToC7);
-    memory().openArea(Area::controlDoDi);
-    fire();
+    machine().cpuType = 1;
     doubleClick(Area::controlDoDi, 0);
     EXPECT_EQ(popupText(), "スキャン中、コントロールワードの上位バイトはライトプロテクト");
     doubleClick(Area::controlDoDi, 300);
     EXPECT_EQ(popupText(), "スキャン中はライトプロテクト");
-    program->aids().hideMessage();
-    doubleClick(Area::c1ToC7, 1);
-    EXPECT_EQ(popupText(), "スキャン中はライトプロテクト");
     EXPECT_FALSE(isUp(memory().writeDialog()));
     doubleClick(Area::controlDoDi, 300, DumpGrid::Side::ascii);
-    EXPECT_TRUE(isUp(memory().writeDialog())) << "a character is not checked";
-    EXPECT_EQ(popupText(), "") << "the dialog takes the popup away";
-    cancel();
-    doubleClick(Area::controlDoDi, 1);
     EXPECT_TRUE(isUp(memory().writeDialog()));
+    EXPECT_EQ(popupText(), "") << "the dialog takes the popup away";
     cancel();
 
     machine().cpuType = 0;
@@ -234,6 +220,9 @@ TEST_F(MemoryView, protection_during_a_scan_is_said_at_the_pointer_or_after_the_
     QTest::keyClick(&value(), Qt::Key_Return);
     EXPECT_EQ(popupText(), "スキャン中、コントロールワードの上位バイトはライトプロテクト。");
     EXPECT_EQ(memoryWord(machine(), 0x00E) & 0xFF, 0x11);
+    // What the write changed turns red, and no other part of the word.
+    EXPECT_TRUE(shown(Area::controlDoDi, 1).red && shown(Area::controlDoDi, 1).value == 0x11);
+    EXPECT_FALSE(shown(Area::controlDoDi, 3).red);
 }
 
 TEST_F(MemoryView, byte_and_word_views_move_the_window_by_240_twips) {
