@@ -1,11 +1,9 @@
 #include "boards/views/frmHard.h"
 
-#include "access/views/frmMemoryRead.h"
 #include "boards/portPins.h"
 #include "boards/views/BenchCombo.h"
 #include "boards/views/BenchLabel.h"
 #include "boards/views/frmOsiro.h"
-#include "memwin/views/MemoryWindows.h"
 #include "platform/screen.h"
 #include "tests/views/BenchHand.h"
 #include "tests/views/startedProgram.h"
@@ -369,6 +367,7 @@ TEST_F(Bench, the_keyboard_reaches_every_part_that_answers) {
     ASSERT_NE(heard, nullptr);
     EXPECT_TRUE(heard->text(QAccessible::Name).startsWith("Board-1 picPI(39)"));
     EXPECT_EQ(heard->text(QAccessible::Value), "ON");
+    EXPECT_TRUE(heard->state().focused);
     EXPECT_TRUE(heard->rect().contains(viewport()->mapToGlobal(at(part("picPI", 39)))));
     heard->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     EXPECT_FALSE(machine().picPI[39].level);

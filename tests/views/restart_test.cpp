@@ -72,9 +72,9 @@ TEST_F(Restart, nothing_under_way_reaches_the_new_machine) {
     box.showPopup();
     QTest::mousePress(bench().view().viewport(), Qt::LeftButton, {},
                       bench().view().mapFromScene(bench().part("picCounter", 0)->sceneBoundingRect().center()));
-    popup("x");
     program->aids().ask({.text = "x"}, [](bool) { FAIL() << "an answer to the old machine"; });
     open(1, 0);
+    popup("x");
     Mdef_Set(machine());
     program->restartMachine();
     main().timTick().setEnabled(false);
