@@ -71,6 +71,12 @@ void frmDumpSel::keyPressEvent(QKeyEvent* event) {
     }
 }
 
+// Tab and the arrow keys of a button go round among the buttons: outside the chooser no key would close it any more.
+bool frmDumpSel::focusNextPrevChild(bool next) {
+    walk(next ? 1 : -1);
+    return true;
+}
+
 void frmDumpSel::walk(int step) {
     const auto count = static_cast<int>(cmdAREA_.size());
     int at = step > 0 ? -1 : count;

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The started program with a learner at its bench: the scan of stations 1 to 4 runs, and nothing lies over the bench.
 
 #pragma once
