@@ -308,7 +308,7 @@ constexpr std::ptrdiff_t closable = 6;
 
 template <std::ptrdiff_t count>
 bool takeWindow(Rest& rest, Statement& s) {
-    const auto end = windows.begin() + count;
+    const auto* end = windows.begin() + count;
     return takeIf(rest, [&s, end](const std::string& word) {
         s.name = word;
         return std::find(windows.begin(), end, word) != end;

@@ -47,10 +47,28 @@ constexpr auto open = TourSign::open;
 constexpr auto done = TourSign::done;
 
 TEST_F(TourLanguage, tells_a_statement_from_a_slip) {
-    for (const char* right :
-         {"", "  ", "click picPI 32 ; wait 1 ; image picPI 32 = 2 ; mem 102 0001", "wait 0.1", "write SCR.L 04", "set 7FE 1234",
-          "mem 7FF 12", "sa 4 3F", "pick cmbIOS = 2 DI= 8bit DO= 8bit", "mode 1-Time", "open c1c7", "serial 1 5a3c", "says a ;b",
-          "cycle SSR.L 81 82", "moves imgBelt", "still SSR", "lit picPower 5", "ok ; cancel ; silent", " ;  ; release ; "}) {
+    for (const char* right : {"",
+                              "  ",
+                              "click picPI 32 ; wait 1 ; image picPI 32 = 2 ; mem 102 0001",
+                              "wait 0.1",
+                              "write SCR.L 04",
+                              "set 7FE 1234",
+                              "mem 7FF 12",
+                              "sa 4 3F",
+                              "pick cmbIOS = 2 DI= 8bit DO= 8bit",
+                              "mode 1-Time",
+                              "open c1c7",
+                              "front bench",
+                              "drag read 0 560",
+                              "top drc",
+                              "serial 1 5a3c",
+                              "says a ;b",
+                              "cycle SSR.L 81 82",
+                              "moves imgBelt",
+                              "still SSR",
+                              "lit picPower 5",
+                              "ok ; cancel ; silent",
+                              " ;  ; release ; "}) {
         EXPECT_EQ(readScript(right).wrong, "") << right;
     }
     for (const char* wrong : {"これは文です",
@@ -76,6 +94,10 @@ TEST_F(TourLanguage, tells_a_statement_from_a_slip) {
                               "sa 1 0001",
                               "mode FAST",
                               "open door",
+                              "close bench",
+                              "drag bench 1 1",
+                              "drag read 5",
+                              "top read",
                               "wait",
                               "wait x",
                               "wait 1.",
