@@ -402,7 +402,7 @@ void TourPlayer::point(const Statement& s) {
 }
 
 frmDump* TourPlayer::dumpOf(int place) {
-    const auto row = std::find_if(dumpAreas.begin(), dumpAreas.end(), [place](const DumpArea& area) {
+    const auto* row = std::find_if(dumpAreas.begin(), dumpAreas.end(), [place](const DumpArea& area) {
         return place >= area.firstByte && place < area.firstByte + area.cells;
     });
     return program_.memory().window(row->area);
