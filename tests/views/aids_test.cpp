@@ -82,7 +82,7 @@ TEST_F(Aids, the_diagram_on_show_follows_its_settings) {
 TEST_F(Aids, a_picture_that_cannot_be_shown_says_why) {
     makeFile("Kairozu/QDA41_NEST.BMP", "no picture at all");
     makePicture("Kairozu/QDA73_FULL.BMP", 5000);
-    start(withoutHints);
+    start(withHints);
     for (const auto& [index, reason] : {std::pair{0, "QDA60_FULL_16BIT.BMP が見つかりません。"},
                                         {2, "QDA41_NEST.BMP は BMP 形式の画像として読めません。"},
                                         {3, "QDA73_FULL.BMP は大きすぎます。"}}) {
@@ -91,6 +91,9 @@ TEST_F(Aids, a_picture_that_cannot_be_shown_says_why) {
         EXPECT_TRUE(diagram().picKAIROZU().isNull());
         EXPECT_EQ(diagram().message(), reason);
     }
+    EXPECT_TRUE(hint().isVisible());
+    hint().showHintFor("SCR");
+    EXPECT_EQ(hint().page(), 0) << "a book without a list has one empty page";
 }
 
 TEST_F(Aids, hints_turn_to_what_the_learner_looks_at) {
@@ -127,14 +130,6 @@ TEST_F(Aids, hints_turn_to_what_the_learner_looks_at) {
     QTest::mouseClick(&main().label(Tool::registerHint), Qt::LeftButton);
     EXPECT_TRUE(hint().isVisible());
     EXPECT_EQ(hint().page(), 0) << "it stays where it was while it is hidden";
-}
-
-TEST_F(Aids, without_hint_files_the_book_has_one_empty_page) {
-    start(withHints);
-    EXPECT_TRUE(hint().isVisible());
-    EXPECT_EQ(hint().page(), 0);
-    hint().showHintFor("SCR");
-    EXPECT_EQ(hint().page(), 0);
 }
 
 // What the build puts beside the program: every picture that the tables name, in the size that its window is made for.

@@ -36,22 +36,27 @@ TEST_F(SerialDialog, a_word_is_set_started_and_goes_out) {
     ASSERT_TRUE(serial().isVisible());
     EXPECT_EQ(serial().findChild<QLabel*>("lblAdr")->text(), "2");
     EXPECT_EQ(serial().txtWriteData().text(), "0000");
-    EXPECT_TRUE(button(frmEditSerial::actionSet).isEnabled() && button(frmEditSerial::actionSet).isDefault());
-    EXPECT_FALSE(button(frmEditSerial::actionStart).isEnabled());
+    // Set, Start, Cancel: + for one that can be pressed, * for the default.
+    const auto buttons = [this] {
+        std::string text;
+        for (const auto action : {frmEditSerial::actionSet, frmEditSerial::actionStart, frmEditSerial::actionCancel}) {
+            text += button(action).isEnabled() ? button(action).isDefault() ? '*' : '+' : '-';
+        }
+        return text;
+    };
+    EXPECT_EQ(buttons(), "*-+");
     QTest::keyClicks(&serial().txtWriteData(), "5A3C");
     const QImage before = serial().picDREQ_Data().grab().toImage();
     button(frmEditSerial::actionSet).click();
     EXPECT_NE(serial().picDREQ_Data().grab().toImage(), before);
-    EXPECT_TRUE(button(frmEditSerial::actionStart).isEnabled() && button(frmEditSerial::actionStart).isDefault());
+    EXPECT_EQ(buttons(), "+*+");
     EXPECT_EQ(serial().picDREQ_Data().x(), 8);
     QTest::keyClick(&serial().txtWriteData(), Qt::Key_Home);
     QTest::keyClicks(&serial().txtWriteData(), "1234");  // under the waveform of the word before
     button(frmEditSerial::actionStart).click();
     EXPECT_EQ(serial().timEnter().interval(), 100);
     EXPECT_TRUE(partVisible("picSerialInt", 1));
-    for (const auto action : {frmEditSerial::actionSet, frmEditSerial::actionStart, frmEditSerial::actionCancel}) {
-        EXPECT_FALSE(button(action).isEnabled());
-    }
+    EXPECT_EQ(buttons(), "---");
     EXPECT_EQ(shiftOut(), 32) << "three seconds and a little";
     EXPECT_FALSE(serial().timEnter().running());
     EXPECT_FALSE(partVisible("picSerialInt", 1));
@@ -66,7 +71,18 @@ TEST_F(SerialDialog, a_word_is_set_started_and_goes_out) {
 TEST_F(SerialDialog, cancel_escape_close_box_and_a_restart_send_nothing) {
     start();
     fire();
-    for (int way = 0; way < 5; ++way) {
+    const std::vector<std::function<void()>> ways{
+        [this] { button(frmEditSerial::actionCancel).click(); },
+        [this] { QTest::keyClick(&serial(), Qt::Key_Escape); },
+        [this] { serial().close(); },
+        [this] {
+            Mdef_Set(machine());
+            program->restartMachine();
+            main().timTick().setEnabled(false);
+            QApplication::processEvents();
+        },
+    };
+    for (std::size_t way = 0; way < ways.size(); ++way) {
         SCOPED_TRACE(way);
         openFor(0);
         ASSERT_TRUE(serial().isVisible());
@@ -77,24 +93,7 @@ TEST_F(SerialDialog, cancel_escape_close_box_and_a_restart_send_nothing) {
             serial().timEnter().fire();
             EXPECT_TRUE(partVisible("picSerialInt", 0));
         }
-        switch (way) {
-            case 0: button(frmEditSerial::actionCancel).click(); break;
-            case 1: QTest::keyClick(&serial(), Qt::Key_Escape); break;
-            case 2: serial().close(); break;
-            case 3:
-                Mdef_Set(machine());
-                program->restartMachine();
-                main().timTick().setEnabled(false);
-                QApplication::processEvents();
-                break;
-            default:
-                // Meanwhile the other slot's word is collected.
-                machine().serialReady[1] = true;
-                machine().chipMemory[2 * 3] = 7;
-                fire();
-                EXPECT_FALSE(machine().serialReady[1]);
-                serial().close();
-        }
+        ways[way]();
         EXPECT_FALSE(isUp(program->bench().serialDialog()));
         EXPECT_TRUE(program->bench().serialDialog() == nullptr || !serial().timEnter().running());
         EXPECT_FALSE(partVisible("picSerialInt", 0));

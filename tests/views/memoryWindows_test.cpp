@@ -10,6 +10,7 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPushButton>
+#include <QSignalSpy>
 
 namespace {
 
@@ -47,17 +48,6 @@ protected:
     const DumpCell& shown(Area area, int cell) { return dump(area).view().cells[static_cast<std::size_t>(cell)]; }
 };
 
-TEST_F(MemoryView, opens_by_the_settings_and_follows_the_scan) {
-    start(withDump);
-    ASSERT_TRUE(isUp(memory().window(Area::controlDoDi)));
-    EXPECT_FALSE(isUp(memory().window(Area::c1ToC7)) || isUp(memory().window(Area::drc)));
-    EXPECT_EQ(dump().findChild<QLabel*>("lblCPUType")->text(), "16bit-Bus Little");
-    machine().diImage[0] = 0x35;  // station 2
-    fire();
-    EXPECT_EQ(shown(Area::controlDoDi, 256 + 15 - 4).value, 0x35);
-    EXPECT_TRUE(shown(Area::controlDoDi, 256 + 15 - 4).red);
-}
-
 TEST_F(MemoryView, an_unchanged_firing_paints_nothing_and_a_change_its_own_cells) {
     start(withDump);
     fire();
@@ -89,9 +79,6 @@ TEST_F(MemoryView, the_chooser_leads_to_every_window_and_closes_them_all) {
     QTest::mouseClick(&label, Qt::LeftButton);
     QTest::mouseClick(&label, Qt::LeftButton);
     EXPECT_FALSE(isUp(memory().chooser())) << "the label is a toggle";
-    QTest::mouseClick(&label, Qt::LeftButton);
-    QTest::mouseClick(&main().lblRunMode(modeRun), Qt::LeftButton);
-    EXPECT_FALSE(isUp(memory().chooser())) << "a run mode puts it away";
 
     for (int time = 0; time < 2; ++time) {
         QTest::mouseClick(&label, Qt::LeftButton);
@@ -120,105 +107,111 @@ TEST_F(MemoryView, the_read_dialog_is_for_an_8_bit_bus) {
     machine().cpuType = 1;
     chooseMemory(frmDumpSel::memoryRead);
     frmMemoryRead& dialog = *memory().readDialog();
-    ASSERT_TRUE(dialog.isVisible());
-    const auto text = [&](const char* name) { return dialog.findChild<QLabel*>(name)->text(); };
+    QSignalSpy beeps(&memory(), &MemoryWindows::beepWanted);
     auto& address = *dialog.findChild<OvertypeField*>("txtAddress");
-    QTest::keyClicks(&address, "59");
-    QTest::keyClick(&address, Qt::Key_Return);
-    EXPECT_EQ(text("lblAdr"), "???H") << "a ? left in the box is refused";
-    EXPECT_EQ(address.text(), "59?");
-    QTest::keyClick(&address, Qt::Key_Home);
-    QTest::keyClicks(&address, "58e");
-    QTest::keyClick(&address, Qt::Key_Return);
-    EXPECT_EQ(text("lblAdr"), "58eH");
-    EXPECT_EQ(text("lblData"), "13");
-    EXPECT_EQ(text("lblGuide"), "メモリよりデータを取得しました。");
-    EXPECT_EQ(address.text(), "???");
-
+    const auto read = [&](const char* digits) {
+        QTest::keyClick(&address, Qt::Key_Home);
+        QTest::keyClicks(&address, digits);
+        QTest::keyClick(&address, Qt::Key_Return);
+        QString text = address.text();
+        for (const char* label : {"lblAdr", "lblData", "lblGuide"}) {
+            text += "|" + dialog.findChild<QLabel*>(label)->text();
+        }
+        return text.toStdString();
+    };
+    EXPECT_EQ(read("59"), "59?|???H|??|") << "a ? left in the box is refused";
+    EXPECT_EQ(beeps.count(), 1);
+    EXPECT_EQ(read("58e"), "???|58eH|13|メモリよりデータを取得しました。");
+    EXPECT_EQ(beeps.count(), 1);
     QTest::keyClick(&dialog, Qt::Key_Escape);
     chooseMemory(frmDumpSel::memoryRead);
-    EXPECT_EQ(text("lblData"), "13") << "it keeps its state";
+    EXPECT_EQ(dialog.findChild<QLabel*>("lblData")->text(), "13") << "it keeps its state";
     write(3, frmRegister::valLow, "10");
-    EXPECT_EQ(text("lblData"), "??") << "a change of HPR's low byte starts it anew";
+    EXPECT_EQ(dialog.findChild<QLabel*>("lblData")->text(), "??") << "a change of HPR's low byte starts it anew";
+    chooseMemory(frmDumpSel::closeAll);
+    EXPECT_FALSE(dialog.isVisible());
+    chooseMemory(frmDumpSel::memoryRead);
+    for (const int busType : {3, 2}) {
+        machine().cpuType = static_cast<std::int16_t>(busType);
+        emit program->bench().busTypeChanged();
+        EXPECT_EQ(dialog.isVisible(), busType == 3);
+    }
 }
 
-TEST_F(MemoryView, the_write_dialog_takes_address_and_value_by_bus_type) {
-    struct Row {
-        int cpuType, cell;
-        bool chooseByte;
-        const char* address;
-        const char* bits;
-        const char* value;
-        bool evenRed, oddRed;
-    };
+// Which cells of the word turn red, and what the dialog shows of it.
+TEST_F(MemoryView, the_write_dialog_takes_its_address_by_bus_type_and_width) {
     start(withDump);
     machine().chipMemory[reg::scrLow] = 0;
     setMemoryWord(machine(), 0x00E, 0x12AB);
     setMemoryWord(machine(), 0x000, 0x34CD);
-    for (const Row& row : {
-             Row{0, 0, false, "00E", "bit 15----0", "12AB", true, true},
-             Row{0, 0, true, "00F", "bit 7--0", "12", true, false},
-             Row{0, 1, true, "00E", "bit 7--0", "AB", false, true},
-             Row{1, 0, false, "00F", "bit 7--0", "12", true, false},
-             Row{2, 1, false, "000", "bit 15----0", "34CD", true, true},
-             Row{3, 0, false, "000", "bit 7--0", "34", true, false},
-             Row{3, 1, false, "001", "bit 7--0", "CD", false, true},
-         }) {
-        SCOPED_TRACE(std::string(row.address) + " on bus " + std::to_string(row.cpuType));
+    struct Row {
+        int cpuType, cell;
+        bool chooseByte;
+        const char* dialog;
+        const char* red;
+    };
+    for (const Row& row : {Row{0, 0, false, "00E bit 15----0 12AB", "rr"}, Row{0, 0, true, "00F bit 7--0 12", "rb"},
+                           Row{1, 1, false, "00E bit 7--0 AB", "br"}, Row{3, 1, false, "001 bit 7--0 CD", "br"}}) {
+        SCOPED_TRACE(row.dialog);
         machine().cpuType = static_cast<std::int16_t>(row.cpuType);
         memory().busTypeChanged();
         for (int second = 0; second < 5; ++second) {
             dump().timColor().fire();
         }
+        const auto colours = [&] {
+            const auto red = [&](int cell) { return shown(Area::controlDoDi, cell).red ? "r" : "b"; };
+            return std::string(red(row.cell & ~1)) + red(row.cell | 1);
+        };
         doubleClick(Area::controlDoDi, row.cell);
-        ASSERT_TRUE(isUp(memory().writeDialog()));
         EXPECT_EQ(writeDialog().findChild<QRadioButton*>("opnAccess0")->isEnabled(), row.cpuType % 2 == 0);
         if (row.chooseByte) {
             writeDialog().findChild<QRadioButton*>("opnAccess1")->click();
         }
-        EXPECT_EQ(writeText("lblAdr"), row.address);
-        EXPECT_EQ(writeText("lblBitInd"), row.bits);
-        EXPECT_EQ(value().text(), row.value);
-        EXPECT_EQ(shown(Area::controlDoDi, row.cell & ~1).red, row.evenRed);
-        EXPECT_EQ(shown(Area::controlDoDi, row.cell | 1).red, row.oddRed);
+        EXPECT_EQ(writeText("lblAdr") + " " + writeText("lblBitInd") + " " + value().text(), row.dialog);
+        EXPECT_EQ(colours(), row.red);
         cancel();
-        EXPECT_FALSE(shown(Area::controlDoDi, row.cell & ~1).red || shown(Area::controlDoDi, row.cell | 1).red);
+        EXPECT_EQ(colours(), "bb");
     }
     EXPECT_EQ(memoryWord(machine(), 0x00E), 0x12AB) << "cancel writes nothing";
 }
 
-TEST_F(MemoryView, what_a_write_changed_turns_red_and_the_rest_of_the_word_black) {
+TEST_F(MemoryView, a_change_is_red_for_five_seconds_and_points_follow_the_mouse) {
     start(withDump);
-    setMemoryWord(machine(), 0x08E, 0x1200);
+    machine().diImage[0] = 0x35;  // station 2
     fire();
-    doubleClick(Area::controlDoDi, 0x80);
-    QTest::keyClicks(&value(), "12cd");
-    QTest::keyClick(&value(), Qt::Key_Return);
-    EXPECT_EQ(memoryWord(machine(), 0x08E), 0x12CD);
-    EXPECT_FALSE(shown(Area::controlDoDi, 0x80).red);
-    EXPECT_TRUE(shown(Area::controlDoDi, 0x81).red);
-    EXPECT_EQ(shown(Area::controlDoDi, 0x81).value, 0xCD);
+    constexpr int cell = 256 + 15 - 4;
+    EXPECT_EQ(dump().timColor().interval(), 1000);
+    EXPECT_EQ(shown(Area::controlDoDi, cell).value, 0x35);
+    for (int second = 0; second < 5; ++second) {
+        EXPECT_TRUE(shown(Area::controlDoDi, cell).red) << second;
+        dump().timColor().fire();
+    }
+    EXPECT_FALSE(shown(Area::controlDoDi, cell).red);
+
+    const auto readOut = [this] { return dump().findChild<QLabel*>("lblPointAddress")->text(); };
+    const QString resting = readOut();
+    for (const auto side : {DumpGrid::Side::data, DumpGrid::Side::ascii}) {
+        QTest::mouseMove(&dump().grid(), dump().grid().cellRect(0, side).center());
+        EXPECT_EQ(readOut(), " Pointing Address = 00FH (  15) : 00");
+        EXPECT_EQ(dump().grid().cursor().shape(), Qt::BitmapCursor);
+        QTest::mouseMove(&dump().grid(), {2, 2});
+        EXPECT_EQ(readOut(), resting);
+        EXPECT_EQ(dump().grid().cursor().shape(), Qt::ArrowCursor);
+    }
 }
 
-TEST_F(MemoryView, protection_during_a_scan_is_said_at_the_pointer_or_after_the_dialog) {
-    start(withDump + "CPUTYPE=1\r\n");
-    memory().openArea(Area::c1ToC7);
-    memory().openArea(Area::controlDoDi);
+TEST_F(MemoryView, what_is_protected_is_said_and_a_character_asks_nothing) {
+    start(withDump);
     fire();
+    machine().cpuType = 1;
     doubleClick(Area::controlDoDi, 0);
     EXPECT_EQ(popupText(), "スキャン中、コントロールワードの上位バイトはライトプロテクト");
     doubleClick(Area::controlDoDi, 300);
     EXPECT_EQ(popupText(), "スキャン中はライトプロテクト");
-    program->aids().hideMessage();
-    doubleClick(Area::c1ToC7, 1);
-    EXPECT_EQ(popupText(), "スキャン中はライトプロテクト");
     EXPECT_FALSE(isUp(memory().writeDialog()));
     doubleClick(Area::controlDoDi, 300, DumpGrid::Side::ascii);
-    EXPECT_TRUE(isUp(memory().writeDialog())) << "a character is not checked";
-    EXPECT_EQ(popupText(), "") << "the dialog takes the popup away";
-    cancel();
-    doubleClick(Area::controlDoDi, 1);
     EXPECT_TRUE(isUp(memory().writeDialog()));
+    EXPECT_EQ(popupText(), "") << "the dialog takes the popup away";
     cancel();
 
     machine().cpuType = 0;
@@ -227,20 +220,9 @@ TEST_F(MemoryView, protection_during_a_scan_is_said_at_the_pointer_or_after_the_
     QTest::keyClick(&value(), Qt::Key_Return);
     EXPECT_EQ(popupText(), "スキャン中、コントロールワードの上位バイトはライトプロテクト。");
     EXPECT_EQ(memoryWord(machine(), 0x00E) & 0xFF, 0x11);
-}
-
-TEST_F(MemoryView, a_byte_that_waits_is_said_and_the_next_one_brings_it) {
-    start(withDump + "CPUTYPE=1\r\n");
-    machine().chipMemory[reg::hprHigh] = 0x10;
-    doubleClick(Area::controlDoDi, 0x80);
-    QTest::keyClicks(&value(), "12");
-    QTest::keyClick(&value(), Qt::Key_Return);
-    EXPECT_EQ(popupText(), "ハザードプロテクト中。ライトテンポラリバッファへ書き込みました。");
-    EXPECT_EQ(memoryWord(machine(), 0x08E), 0);
-    doubleClick(Area::controlDoDi, 0x81);
-    QTest::keyClicks(&value(), "34");
-    QTest::keyClick(&value(), Qt::Key_Return);
-    EXPECT_EQ(memoryWord(machine(), 0x08E), 0x1234);
+    // What the write changed turns red, and no other part of the word.
+    EXPECT_TRUE(shown(Area::controlDoDi, 1).red && shown(Area::controlDoDi, 1).value == 0x11);
+    EXPECT_FALSE(shown(Area::controlDoDi, 3).red);
 }
 
 TEST_F(MemoryView, byte_and_word_views_move_the_window_by_240_twips) {
@@ -258,22 +240,6 @@ TEST_F(MemoryView, byte_and_word_views_move_the_window_by_240_twips) {
     wordButton->click();
     EXPECT_EQ(frame->x(), left);
     EXPECT_EQ(dump().width(), width);
-}
-
-TEST_F(MemoryView, read_outs_follow_pointer_and_keyboard) {
-    start(withDump);
-    const auto readOut = [this] { return dump().findChild<QLabel*>("lblPointAddress")->text(); };
-    EXPECT_EQ(readOut(), " Pointing Address = ---- ------ : --");
-    QTest::mouseMove(&dump().grid(), dump().grid().cellRect(0, DumpGrid::Side::data).center());
-    EXPECT_EQ(readOut(), " Pointing Address = 00FH (  15) : 00");
-    EXPECT_EQ(dump().grid().cursor().shape(), Qt::BitmapCursor);
-    QTest::mouseMove(&dump().grid(), {2, 2});
-    EXPECT_EQ(readOut(), " Pointing Address = ---- ------ : --");
-    QTest::keyClick(&dump().grid(), Qt::Key_Down);
-    EXPECT_EQ(readOut(), " Pointing Address = 01FH (  31) : 00");
-    QTest::keyClick(&dump().grid(), Qt::Key_Return);
-    EXPECT_EQ(writeText("lblAdr"), "01E");
-    cancel();
 }
 
 TEST_F(MemoryView, always_in_front_takes_the_window_out_of_the_area_and_back) {

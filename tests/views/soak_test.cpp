@@ -46,30 +46,15 @@ class Soak : public StartedProgram {
 protected:
     void startSoak() {
         std::filesystem::copy(VRB_ASSETS "/NaviData", std::filesystem::path(folder.path().toStdString()) / "NaviData");
-        startUnderGestures(makersFile + "OPENWINDOW2=1\r\nOPENWINDOW3=1\r\n");
-        fire();  // the scan that the start asked for
-        main().showNormal();
-        main().resize(1280, 994);
-        main().move(-500, -300);
-    }
-
-    // The game begins with the first window that shows.
-    void startUnderGestures(const std::string& file) {
-        std::ofstream(folder.filePath("VRB_TS2.INI").toStdString(), std::ios::binary) << file;
-        program = std::make_unique<Program>(folder.path().toStdString());
-        bool up = false;
-        QObject::connect(program.get(), &Program::started, program.get(), [&] { up = true; });
-        program->Main();
-        while (!up) {
-            main().timTick().setEnabled(false);
+        // The game begins with the first window that shows.
+        start(makersFile + "OPENWINDOW2=1\r\nOPENWINDOW3=1\r\n", [this] {
             switch (random(3)) {
                 case 0: onTool(); break;
                 case 1: onBatch(); break;
                 default: onWindow(anyWindow());
             }
-            QApplication::processEvents();
-        }
-        main().timTick().setEnabled(false);
+        });
+        fire();  // the scan that the start asked for
     }
 
     int random(int below) { return std::uniform_int_distribution<int>(0, below - 1)(chance); }

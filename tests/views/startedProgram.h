@@ -21,6 +21,7 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <functional>
 #include <string>
 
 inline const std::string makersFile =
@@ -34,8 +35,9 @@ inline bool isUp(const QWidget* window) {
 
 class StartedProgram : public testing::Test {
 protected:
-    // Starts on a settings file with this text; on none for an empty text.
-    void start(const std::string& file = makersFile) {
+    // Starts on a settings file with this text, on none for an empty text; `between` comes after every step.
+    void start(
+        const std::string& file = makersFile, const std::function<void()>& between = [] {}) {
         if (!file.empty()) {
             std::ofstream(folder.filePath("VRB_TS2.INI").toStdString(), std::ios::binary) << file;
         }
@@ -44,9 +46,11 @@ protected:
         QObject::connect(program.get(), &Program::started, program.get(), [&] { up = true; });
         program->Main();
         while (!up) {
-            QApplication::processEvents();
             main().timTick().setEnabled(false);
+            between();
+            QApplication::processEvents();
         }
+        main().timTick().setEnabled(false);
     }
 
     Machine& machine() { return program->machine(); }

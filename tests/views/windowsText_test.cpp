@@ -1,0 +1,321 @@
+// Every widget, part and label that the learner can meet, as one text: class, name, place, words, tool tip, pointer, font. It is
+// compared with windows.approved.txt, which a person has read. After a change that is meant:
+//
+//   VRB_APPROVE=1 build/release/tests/window_tests --gtest_filter='Windows.*'
+//
+// writes the file anew; read its difference before it is committed. Left out is what the fonts of a machine decide: the places
+// of what a layout places, the width of what is as wide as its text.
+
+#include "access/views/frmMemoryRead.h"
+#include "aids/views/frmHint.h"
+#include "aids/views/frmKAIROZU.h"
+#include "aids/views/frmNaviList.h"
+#include "aids/views/frmNavigation.h"
+#include "boards/boardSet.h"
+#include "boards/network.h"
+#include "boards/portPins.h"
+#include "boards/views/BenchCombo.h"
+#include "boards/views/BenchLabel.h"
+#include "boards/views/BenchView.h"
+#include "boards/views/frmEditSerial.h"
+#include "boards/views/frmHard.h"
+#include "boards/views/frmOsiro.h"
+#include "config/views/frmDefault.h"
+#include "memwin/views/MemoryWindows.h"
+#include "memwin/views/frmDump.h"
+#include "platform/ImageList.h"
+#include "tests/tempFolder.h"
+#include "tests/views/startedProgram.h"
+
+#include <QComboBox>
+#include <QGraphicsSimpleTextItem>
+#include <QLayout>
+#include <QListWidget>
+#include <QMdiArea>
+
+#include <map>
+
+namespace {
+
+QString placeText(const QRect& place) {
+    return QStringLiteral("%1,%2 %3x%4").arg(place.x()).arg(place.y()).arg(place.width()).arg(place.height());
+}
+
+QString pointerText(const QCursor& cursor) {
+    if (cursor.shape() != Qt::BitmapCursor) {
+        return cursor.shape() == Qt::ArrowCursor ? QString() : QStringLiteral(" pointer %1").arg(cursor.shape());
+    }
+    const QImage picture = cursor.pixmap().toImage();
+    return picture == singleClickPointer().pixmap().toImage()   ? " click"
+           : picture == doubleClickPointer().pixmap().toImage() ? " double-click"
+                                                                : " another pointer";
+}
+
+// The place, as far as no font has a say in it.
+QString placeOf(const QWidget& widget) {
+    const bool laidOut = widget.layout() != nullptr && !widget.inherits("QMdiSubWindow");
+    const bool windowOfTextSize =
+        laidOut || widget.inherits("frmMessage") || widget.inherits("frmDialog") || widget.inherits("QMessageBox");
+    const QWidget* parent = widget.isWindow() ? nullptr : widget.parentWidget();
+    if (windowOfTextSize || (parent != nullptr && (parent->layout() != nullptr || parent->inherits("frmDialog")))) {
+        return {};
+    }
+    const QRect place(widget.isWindow() ? widget.frameGeometry().topLeft() : widget.pos(), widget.size());
+    if (widget.inherits("RegisterCell")) {
+        return QStringLiteral(" y %1 h %2").arg(place.y()).arg(place.height());
+    }
+    if (widget.inherits("QLabel") && place.size() == widget.sizeHint()) {
+        const bool centred = parent != nullptr && std::abs(place.center().x() - parent->rect().center().x()) < 2;
+        return centred ? QStringLiteral(" centred y %1").arg(place.y()) : QStringLiteral(" %1,%2").arg(place.x()).arg(place.y());
+    }
+    return " " + placeText(place);
+}
+
+QString itemsText(const QStringList& items) {
+    constexpr int all = 10;
+    return items.size() <= all ? items.join(" | ")
+                               : QStringLiteral("%1 | %2 ... %3 (%4)").arg(items[0], items[1], items.last()).arg(items.size());
+}
+
+QString wordsOf(const QWidget& widget) {
+    if (const auto* list = qobject_cast<const QComboBox*>(&widget)) {
+        QStringList items;
+        for (int item = 0; item < list->count(); ++item) {
+            items += list->itemText(item);
+        }
+        return itemsText(items) + QStringLiteral(" shows %1").arg(list->maxVisibleItems());
+    }
+    if (const auto* list = qobject_cast<const QListWidget*>(&widget)) {
+        QStringList items;
+        for (int row = 0; row < list->count(); ++row) {
+            items += list->item(row)->text();
+        }
+        return items.join(" | ");
+    }
+    if (widget.objectName().startsWith("tabHint")) {
+        return {};  // as much of its name as the font lets stand
+    }
+    for (const char* name : {"text", "title", "windowTitle"}) {
+        if (const QString words = widget.property(name).toString(); !words.isEmpty()) {
+            return words;
+        }
+    }
+    return {};
+}
+
+QString stateOf(const QWidget& widget) {
+    QString text;
+    const auto add = [&text](bool so, const char* word) { text += so ? QStringLiteral(" ") + word : QString(); };
+    add(widget.isHidden(), "hidden");
+    add(!widget.isEnabled(), "disabled");
+    add(widget.property("checked").toBool(), "checked");
+    add(widget.property("default").toBool(), "default");
+    if (widget.isWindow()) {
+        add((widget.windowFlags() & Qt::WindowStaysOnTopHint) != 0, "topmost");
+        add((widget.windowFlags() & Qt::FramelessWindowHint) != 0, "frameless");
+        add(widget.isModal(), "modal");
+    } else if (widget.focusPolicy() != Qt::NoFocus) {
+        add(true, widget.focusPolicy() == Qt::StrongFocus ? "keys" : widget.focusPolicy() == Qt::TabFocus ? "Tab" : "wheel");
+    }
+    return text + (widget.testAttribute(Qt::WA_SetCursor) ? pointerText(widget.cursor()) : QString());
+}
+
+class Windows : public StartedProgram {
+protected:
+    void openEverything();
+    void describe(const QWidget& widget, int depth = 0);
+    void describeBench();
+    void line(int depth, const QString& words) {
+        text += QString(2 * depth, ' ') + QString(words).replace('\n', " / ").trimmed() + '\n';
+    }
+    std::map<QString, QString> partsNow();
+
+    QString text;
+};
+
+void Windows::openEverything() {
+    const fs::path here = folder.path().toStdString();
+    fs::create_directory(here / "NaviData");
+    put(here / "NaviData" / "NaviIndex.txt", "a.txt\tTour\t-\n");
+    put(here / "NaviData" / "a.txt", "a#blue\n\\red\n\n2\n2\n\n");
+    fs::copy(VRB_BIN "/HintData", here / "HintData");
+    fs::copy(VRB_BIN "/Kairozu", here / "Kairozu");
+    start(makersFile + "OPENWINDOW2=1\r\nOPENWINDOW3=1\r\n");
+    // The tour first: it starts the machine anew.
+    program->aids().openNaviList();
+    program->aids().naviList()->cmdStart().click();
+    main().timTick().setEnabled(false);
+    fire();
+    for (const Area area : {Area::c1ToC7, Area::drc, Area::controlDoDi}) {
+        program->memory().openArea(area);
+    }
+    emit program->bench().bench()->diagramWanted(0);
+    emit program->bench().bench()->chartWanted(0, {100, 200});
+    emit program->bench().bench()->serialWanted(0);
+    machine().cpuType = 1;
+    chooseMemory(frmDumpSel::memoryRead);
+    machine().cpuType = 0;
+    open(3, frmRegister::valLow);
+    emit program->memory().window(Area::drc)->cellDoubleClicked(Area::drc, 0, DumpGrid::Side::ascii, {300, 400});
+    program->settings().open();
+    program->aids().openVersion();
+    popup("x");
+    program->aids().say(Warning{"質問", "題", Warning::Kind::okCancel});
+    main().close();
+    QApplication::processEvents();
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+void Windows::describe(const QWidget& widget, int depth) {
+    const QString words = wordsOf(widget);
+    QString said = widget.accessibleName() != words ? widget.accessibleName() : QString();
+    said += widget.accessibleDescription().isEmpty() ? "" : ": " + widget.accessibleDescription();
+    const bool hasWords = !words.isEmpty() || widget.inherits("QLabel");
+    const QFont font = widget.font();
+    line(depth, QStringLiteral("%1 %2%3%4%5%6%7%8")
+                    .arg(widget.metaObject()->className(), widget.objectName(), placeOf(widget), stateOf(widget),
+                         hasWords ? QStringLiteral(" %1%2").arg(font.pixelSize()).arg(font.bold() ? "b" : "") : QString(),
+                         words.isEmpty() ? "" : " \"" + words + '"', said.isEmpty() ? "" : " said \"" + said + '"',
+                         widget.toolTip().isEmpty() ? "" : " tip \"" + widget.toolTip() + '"'));
+    if (const auto* child = qobject_cast<const QMdiSubWindow*>(&widget)) {
+        child->objectName() == "frmHard" ? describeBench() : describe(*child->widget(), depth + 1);
+    } else if (const auto* area = qobject_cast<const QMdiArea*>(&widget)) {
+        for (const QMdiSubWindow* each : area->subWindowList()) {
+            describe(*each, depth + 1);
+        }
+    }
+    if (widget.inherits("QComboBox") || widget.inherits("QLineEdit") || widget.inherits("QMdiSubWindow") ||
+        (widget.inherits("QAbstractScrollArea") && !widget.inherits("QMdiArea"))) {
+        return;
+    }
+    for (const QWidget* child : widget.findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+        const bool ofQt = child->objectName().startsWith("qt_") || child->inherits("QScrollBar");
+        const auto* area = qobject_cast<const QMdiArea*>(&widget);
+        if (!child->isWindow() && !ofQt && (area == nullptr || child != area->viewport())) {
+            describe(*child, depth + 1);
+        }
+    }
+}
+
+// Each part by its name: what it shows, where, and what it tells.
+std::map<QString, QString> Windows::partsNow() {
+    std::map<QString, QString> parts;
+    frmHard& bench = *program->bench().bench();
+    for (const BenchPart* part : bench.view().parts()) {
+        const QRectF place = part->mapRectToScene(part->shape().boundingRect());
+        const BenchPart::Reactions& on = part->reactions();
+        QString does = on.click ? " on click" : "";
+        does += QLatin1String(on.doubleClick    ? " on double click"
+                              : on.held         ? " held"
+                              : on.heldByDouble ? " held by double click"
+                                                : "");
+        QString print;
+        for (const QGraphicsItem* child : part->childItems()) {
+            if (const auto* label = dynamic_cast<const QGraphicsSimpleTextItem*>(child); label != nullptr && label->isVisible()) {
+                print += " print \"" + label->text() + '"';
+            }
+        }
+        parts[part->objectName()] =
+            QStringLiteral("%1%2 %3:%4%5%6%7%8 \"%9\"")
+                .arg(part->isVisible() ? "" : "hidden ", placeText(place.toRect()), part->shown().images)
+                .arg(part->shown().number)
+                .arg(part->spokenState().isEmpty() ? "" : " said \"" + part->spokenState() + '"',
+                     part->hasCursor() ? pointerText(part->cursor()) : QString(), does, print, part->toolTip());
+    }
+    for (const LabelRow& row : benchLabels()) {
+        const BenchLabel& label = *bench.label(row.name, row.index);
+        parts[QStringLiteral("%1(%2)").arg(row.name).arg(row.index)] = QStringLiteral("%1%2,%3 \"%4\"")
+                                                                           .arg(label.isVisible() ? "" : "hidden ")
+                                                                           .arg(label.scenePos().x())
+                                                                           .arg(label.scenePos().y())
+                                                                           .arg(label.text());
+    }
+    return parts;
+}
+
+// The maker's bench whole, and what other settings change on it.
+void Windows::describeBench() {
+    frmHard& bench = *program->bench().bench();
+    for (const BenchCombo* box : bench.view().findChildren<BenchCombo*>()) {
+        describe(*box, 3);
+    }
+    const auto first = partsNow();
+    for (const auto& [name, look] : first) {
+        line(3, name + ' ' + look);
+    }
+    const Machine before = machine();
+    const auto changes = [&](const QString& title) {
+        line(2, title + QStringLiteral(", %1 wide").arg(bench.width()));
+        for (const auto& [name, look] : partsNow()) {
+            if (look != first.at(name)) {
+                line(3, name + ' ' + look);
+            }
+        }
+        machine() = before;
+        bench.refresh();
+    };
+    for (const int mode : {0, 1, 2, 3, 4, 6, 7}) {
+        cmbIOS_LostFocus(machine(), mode);
+        bench.refresh();
+        changes(QStringLiteral("with IOS mode %1").arg(mode));
+    }
+    for (const auto& [board, address] : {std::pair{saQDA41, 0x10}, {saQDA73, 0x20}, {saQDA52, 0x30}}) {
+        cmbSA_LostFocus(machine(), static_cast<std::size_t>(board), address - 1);
+    }
+    cmbClock41_LostFocus(machine(), 1);
+    cmbClock52_LostFocus(machine(), 2);
+    cmbBPS73_LostFocus(machine(), 3);
+    picJumper_Answered(machine(), true);
+    picBridge_DblClick(machine());
+    bench.refresh();
+    changes("with other addresses, clocks and duplex, without the cascade card");
+    // Every part under the hand, but for those that lead to another window.
+    for (BenchPart* part : bench.view().parts()) {
+        const BenchPart::Reactions& on = part->reactions();
+        if (on.any() && !QStringList{"picJumper", "picSDI", "picQDA", "picPWM", "picBridge"}.contains(part->row().family->name)) {
+            emit part->touched(part, on.held || on.heldByDouble ? Touch::down
+                                     : on.doubleClick           ? Touch::doubleClick
+                                                                : Touch::click);
+        }
+    }
+    for (BenchCombo* box : bench.view().findChildren<BenchCombo*>()) {
+        describe(*box, 3);
+        box->cancel();
+    }
+    changes("with every part touched once");
+}
+
+// The first lines that differ, as a reader of a difference knows them.
+std::string difference(const QStringList& approved, const QStringList& now) {
+    int same = 0;
+    while (same < approved.size() && same < now.size() && approved[same] == now[same]) {
+        ++same;
+    }
+    std::string text = "line " + std::to_string(same + 1) + " of windows.approved.txt:\n";
+    constexpr int shown = 4;
+    for (const auto& [sign, lines] : {std::pair{"- ", &approved}, {"+ ", &now}}) {
+        for (const QString& line : lines->mid(same, shown)) {
+            text += sign + line.toStdString() + '\n';
+        }
+    }
+    return text;
+}
+
+TEST_F(Windows, are_as_they_were_approved) {
+    openEverything();
+    QWidgetList windows = QApplication::topLevelWidgets();
+    std::sort(windows.begin(), windows.end(),
+              [](const QWidget* a, const QWidget* b) { return a->objectName() < b->objectName(); });
+    for (const QWidget* window : windows) {
+        if (window->inherits("QMessageBox") || window->objectName().startsWith("frm")) {
+            describe(*window);
+        }
+    }
+    if (qEnvironmentVariableIsSet("VRB_APPROVE")) {
+        put(VRB_APPROVED, text.toStdString());
+    }
+    const QString approved = QString::fromStdString(bytesOf(VRB_APPROVED));
+    EXPECT_TRUE(text == approved) << difference(approved.split('\n'), text.split('\n'));
+}
+
+}  // namespace
