@@ -45,16 +45,16 @@ protected:
 
 #ifdef __linux__
 
-// Holds every save at its disk until it is opened.
+// Holds every save at its disk until it is opened. With an error, the save then fails by it.
 class SlowDisk {
 public:
-    SlowDisk() {
-        failingDisk::before = [this](const char* call) {
+    explicit SlowDisk(int error = 0) {
+        failingDisk::before = [this, error](const char* call) {
             if (call == std::string("fsync")) {
                 gate_.acquire();
                 gate_.release();
             }
-            return 0;
+            return call == std::string("rename") ? error : 0;
         };
     }
     ~SlowDisk() { failingDisk::before = {}; }
@@ -128,10 +128,10 @@ TEST_F(SlowProgram, goes_on_while_it_saves_and_ends_when_all_is_saved) {
 TEST_F(SlowProgram, that_cannot_save_says_why_and_stays) {
     start();
     QSignalSpy finished(program.get(), &Program::finished);
-    failingDisk::before = [](const char* call) { return call == std::string("rename") ? EDQUOT : 0; };
+    SlowDisk disk(EDQUOT);
     saveAndQuit();
+    disk.open();  // not before both questions are answered: the second one would end the program
     ASSERT_TRUE(QTest::qWaitFor([this] { return isUp(program->aids().dialog()); }));
-    failingDisk::before = {};
     const QString text = program->aids().dialog()->findChild<QLabel*>("lblMessage")->text();
     EXPECT_TRUE(text.contains("設定をファイルに保存できませんでした。") && text.contains("VRB_TS2.INI")) << text.toStdString();
     EXPECT_EQ(finished.count(), 0);
