@@ -111,7 +111,7 @@ def line_section(sheet, half):
 
 def host_bus(sheet, wide):
     """The simulated CPU: sixteen data lines with a strobe for each byte lane, or eight with one more address line."""
-    sheet.chip(752, 62, 124, 318, 'HOST CPU', '16bit-Bus' if wide else '8bit-Bus', 12, SMALL_CHIP, .56)
+    sheet.chip(752, 62, 124, 318, 'HOST CPU', '16bit-Bus' if wide else '8bit-Bus', 12, SMALL_CHIP, .585)
     data, address = (16, 10) if wide else (8, 11)
     first = 11 - address
     for y, name, number, width in ((92, 'D0-%d' % (data - 1), '17-32' if wide else '17-24', data),
