@@ -237,6 +237,7 @@ void AidWindows::startNavigation(std::size_t number) {
     emit makersBenchWanted();  // what the tour tells the learner to do fits that bench
     frmNavigation_->setNavigation(naviIndex_[number].fileName);
     frmNavigation_->show();
+    frmNavigation_->activateWindow();  // Return turns the page
 }
 
 void AidWindows::watchTour() {

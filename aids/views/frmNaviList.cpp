@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr QSize listSize{440, 264};
+constexpr QSize listSize{440, 390};  // the sixteen tours that come with the program
 constexpr int rowHeight = 24;
 constexpr int buttonWidth = 136;
 constexpr int gap = 10;
