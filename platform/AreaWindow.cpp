@@ -69,12 +69,11 @@ void AreaWindow::setVisible(bool visible) {
 // The window that was at work before this one has the keyboard again.
 void AreaWindow::workGoesBack(QMdiArea& area) {
     const QList<QMdiSubWindow*> windows = area.subWindowList(QMdiArea::ActivationHistoryOrder);
-    for (auto window = windows.crbegin(); window != windows.crend(); ++window) {
-        if (*window != this && (*window)->isVisible()) {
-            area.setActiveSubWindow(*window);
-            giveKeyboardTo(**window);
-            return;
-        }
+    const auto before = std::find_if(windows.crbegin(), windows.crend(),
+                                     [this](const QMdiSubWindow* window) { return window != this && window->isVisible(); });
+    if (before != windows.crend()) {
+        area.setActiveSubWindow(*before);
+        giveKeyboardTo(**before);
     }
 }
 

@@ -161,7 +161,7 @@ void MemoryWindows::openBySettings() {
     }
 }
 
-void MemoryWindows::refreshAllAreas() {
+void MemoryWindows::refreshAllAreas() const {
     for (const Area each : allAreas) {
         if (frmDump* loaded = window(each)) {
             loaded->refreshArea();

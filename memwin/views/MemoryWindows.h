@@ -37,7 +37,7 @@ public:
     // Forgets the dump windows and hides what belongs to them; the read dialog stays.
     void unload();
     // All visible dump windows, from the machine.
-    void refreshAllAreas();
+    void refreshAllAreas() const;
     // The bus type has changed: every window takes its view, and the read dialog goes from a 16-bit bus.
     void busTypeChanged();
     // A write changed HPR's low byte: a visible read dialog starts anew.

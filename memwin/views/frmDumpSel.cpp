@@ -78,7 +78,7 @@ bool frmDumpSel::focusNextPrevChild(bool next) {
 }
 
 void frmDumpSel::walk(int step) {
-    const auto count = static_cast<int>(cmdAREA_.size());
+    constexpr auto count = static_cast<int>(captions.size());
     int at = step > 0 ? -1 : count;
     for (int index = 0; index < count; ++index) {
         if (cmdAREA(index).hasFocus()) {
