@@ -85,5 +85,6 @@ void frmDumpSel::walk(int step) {
             at = index;
         }
     }
-    cmdAREA((at + step + count) % count).setFocus(step > 0 ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    at += step;
+    cmdAREA(at < 0 ? count - 1 : at < count ? at : 0).setFocus(step > 0 ? Qt::TabFocusReason : Qt::BacktabFocusReason);
 }
