@@ -16,6 +16,7 @@ QFont fontOf(const QStringList& families, int pixelSize, bool fixed = false) {
     QFont font;
     font.setFamilies(families);
     font.setPixelSize(pixelSize);
+    font.setHintingPreference(QFont::PreferVerticalHinting);  // the same widths on every platform
     if (fixed) {
         font.setStyleHint(QFont::Monospace);
         font.setFixedPitch(true);
