@@ -77,6 +77,15 @@ QFont columnFont(int pixelSize) {
     return fontOf({"IPAGothic", "MS Gothic", "Osaka-Mono", "Noto Sans Mono CJK JP", "DejaVu Sans Mono"}, pixelSize, true);
 }
 
+QFont narrowFont(int pixelSize) {
+    const QString narrow = "DejaVu Sans Condensed";
+    QFont font = fontOf({narrow, "DejaVu Sans", "Segoe UI", "Helvetica Neue"}, pixelSize);
+    if (!QFontDatabase::hasFamily(narrow)) {
+        font.setStretch(QFont::SemiCondensed);  // Windows would narrow the narrow one again
+    }
+    return font;
+}
+
 QFont hexFont(int pixelSize) {
     return fontOf({"DejaVu Sans Mono", "Consolas", "Menlo"}, pixelSize, true);
 }

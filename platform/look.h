@@ -16,6 +16,8 @@ QFont interfaceFont(int pixelSize = 12);
 QFont textFont(int pixelSize = 13);
 // Japanese text in columns: a full-width character is twice as wide as a half-width one.
 QFont columnFont(int pixelSize = 13);
+// Names where there is little room.
+QFont narrowFont(int pixelSize);
 // Hexadecimal and bits.
 QFont hexFont(int pixelSize = 13);
 

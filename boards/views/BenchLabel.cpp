@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "boards/views/BenchLabel.h"
 
+#include "platform/look.h"
+
 #include <QFontMetricsF>
 #include <QPainter>
 
 QFont benchFont(int pixelSize, bool bold) {
-    QFont font;
-    font.setFamilies({"DejaVu Sans Condensed", "DejaVu Sans", "Segoe UI", "Helvetica Neue"});
-    font.setStretch(QFont::SemiCondensed);
-    font.setPixelSize(pixelSize);
+    QFont font = look::narrowFont(pixelSize);
     font.setBold(bold);
     return font;
 }

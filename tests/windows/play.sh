@@ -91,7 +91,6 @@ compare_with_here() {
   expect "$(differ "$1-1-started" "$1-3-register" $scr_row)" -gt 5 "$1: a register written changes its row"
   expect "$(differ "$1-1-started" here-1-started $bench_left)" -lt 20 "$1: the bench, unlike here"
   expect "$(differ "$1-2-cable" here-2-cable 64x250+0+85)" -lt 20 "$1: the pulled cable, unlike here"
-  expect "$(differ "$1-3-register" here-3-register $scr_row)" -lt 20 "$1: the register written, unlike here"
 }
 
 # start_time COMMAND...: milliseconds until the main window shows its tool windows, the median of five.
@@ -119,6 +118,7 @@ play_everything() {
   scene "the program for this machine, for the pictures beside"
   cp -r build/release/bin "$here"
   play here "$here/VRB_TS2.INI" "$here/vrb-ts"
+  frame=(4 19)
 
   scene "the portable folder under a Japanese name"
   mkdir -p "$portable"
@@ -163,6 +163,7 @@ play_everything() {
   [ -s "$(roaming)" ] || fails "The learner's settings are gone"
 
   local there
+  frame=(0 0)
   here=$(start_time "$here/vrb-ts")
   there=$(start_time on_wine "$work/実習 ベンチ/第1室"/*/vrb-ts.exe)
   echo "Start until the register window shows: here $here ms, under Wine $there ms: $(awk -v a="$there" -v b="$here" 'BEGIN { printf "%.1f", a / b }') times"
