@@ -17,6 +17,7 @@ QFont fontOf(const QStringList& families, int pixelSize, bool fixed = false) {
     font.setFamilies(families);
     font.setPixelSize(pixelSize);
     font.setHintingPreference(QFont::PreferVerticalHinting);  // the same widths on every platform
+    font.setStyleStrategy(QFont::NoSubpixelAntialias);        // coloured edges come out fat where the ground is painted later
     if (fixed) {
         font.setStyleHint(QFont::Monospace);
         font.setFixedPitch(true);
