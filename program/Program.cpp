@@ -11,6 +11,7 @@
 #include <QApplication>
 #include <QDateTime>
 #include <QMdiArea>
+#include <QTimer>
 
 namespace {
 
@@ -56,8 +57,8 @@ void Program::runNextStep() {
     }
     if (steps_.empty()) {
         emit started();
-        // Behind the windows: asking for the device can take longer than all of them. Until then the system beeps.
-        QMetaObject::invokeMethod(this, &Program::openSound, Qt::QueuedConnection);
+        // Behind the painting of the windows: asking for the device can take longer. Until then the system beeps.
+        QTimer::singleShot(0, this, &Program::openSound);
         return;
     }
     const std::function<void()> step = std::move(steps_.front());
