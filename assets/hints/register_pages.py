@@ -38,7 +38,7 @@ def scr():
 
 
 def ssr():
-    page = Page('SSR', 'スキャン状態レジスタ', [('停止中', '0000H'), ('リセット後', '0000H')])
+    page = Page('SSR', 'スキャン状態レジスタ', [('停止中の下位', '00H'), ('リセット後', '0000H')])
     page.bits([ZERO] * 5 + bits('E S D R', 'scan') + [ZERO] + bits('A5 A4 A3 A2 A1 A0', 'scan'),
               '上位バイト 583H', '下位バイト 582H')
     page.example('0483H')
