@@ -24,9 +24,10 @@ def port(sheet, half, top, connector, signal, chip, transformers, pin):
         if name:
             sheet.net(57, y - 2, name)
     receive, send = (top + 16, top + 40), (top + 58, top + 82)
-    wires = [(0, receive[0], 90), (1, receive[1], 90)]
+    # Each turns left of the one above it, so that no two run side by side.
+    wires = [(0, receive[0], 90), (1, receive[1], 96)]
     if not half:
-        wires += [(2, send[0], 96), (3, send[1], 84)]
+        wires += [(2, send[0], 90), (3, send[1], 84)]
     for place, y, x in wires:
         sheet.wire((54, pins[place][0]), (x, pins[place][0]), (x, y), (222, y))
     sheet.wire((54, pins[4][0]), (74, pins[4][0]), (74, pins[5][0]))
