@@ -6,14 +6,8 @@
 #include <QFontMetricsF>
 #include <QPainter>
 
-QFont benchFont(int pixelSize, bool bold) {
-    QFont font = look::narrowFont(pixelSize);
-    font.setBold(bold);
-    return font;
-}
-
 BenchLabel::BenchLabel(const LabelRow& row, QGraphicsItem* parent)
-    : QGraphicsItem(parent), row_(row), font_(benchFont(row.pixelSize)) {
+    : QGraphicsItem(parent), row_(row), font_(look::printFont(row.pixelSize)) {
     setPos(row.place);
     setAcceptedMouseButtons(Qt::NoButton);
 }

@@ -27,7 +27,11 @@ std::vector<NaviRecord> toursOfIndex() {
 class Played : public StartedProgram {
 protected:
     void startPlay(Eyes eyes = Eyes::open) {
-        std::filesystem::copy(naviData, std::filesystem::path(folder.path().toStdString()) / "NaviData");
+        const std::filesystem::path here = folder.path().toStdString();
+        std::filesystem::copy(naviData, here / "NaviData");
+        for (const char* pictures : {"HintData", "Kairozu"}) {  // they give their windows the size that covers others
+            std::filesystem::copy(std::filesystem::path(VRB_BIN) / pictures, here / pictures);
+        }
         start(makersFile + "OPENWINDOW3=1\r\n");
         fire();
         program->aids().versionPanel() != nullptr ? program->aids().versionPanel()->hide() : void();
