@@ -30,9 +30,7 @@ protected:
     // A save is waited for.
     void press(frmDefault::Action action) {
         QTest::mouseClick(&dialog->cmdAction(action), Qt::LeftButton);
-        while (store.saving()) {
-            QApplication::processEvents(QEventLoop::WaitForMoreEvents);
-        }
+        EXPECT_TRUE(QTest::qWaitFor([this] { return !store.saving(); }));
     }
     // What the controls show, in the order of the settings; 0 for one without a control.
     DialogValues look() {

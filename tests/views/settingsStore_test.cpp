@@ -23,9 +23,7 @@ DialogValues allOf(std::int16_t value) {
 }
 
 void finish(const SettingsStore& store) {
-    while (store.saving()) {
-        QApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    }
+    EXPECT_TRUE(QTest::qWaitFor([&store] { return !store.saving(); }));
 }
 
 DialogValues valuesIn(const fs::path& path) {
