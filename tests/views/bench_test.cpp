@@ -1,0 +1,347 @@
+// SPDX-License-Identifier: Apache-2.0
+// The bench under the learner's hands, as far as the tours don't play it: the edges of its pictures, held buttons, the boxes over
+// its settings, the walk by keyboard, and what stands beside it.
+
+#include "boards/boardSet.h"
+#include "boards/views/frmEditSerial.h"
+#include "boards/views/frmOsiro.h"
+#include "platform/screen.h"
+#include "tests/views/desk.h"
+
+#include <QAbstractItemView>
+#include <QAccessible>
+#include <QLineEdit>
+
+#include <set>
+
+namespace {
+
+class Bench : public Desk {
+protected:
+    QWidget* viewport() { return hand().viewport(); }
+    QPoint inView(QPointF place) { return bench().view().mapFromScene(place); }
+    static QRectF place(const BenchPart& part) { return part.mapRectToScene(part.shape().boundingRect()); }
+    void clickAt(QPointF place) { QTest::mouseClick(viewport(), Qt::LeftButton, {}, inView(place)); }
+    void doubleClick(const char* name, std::size_t index = 0) { hand().doubleClick(part(name, index)); }
+    void walkTo(const char* name, std::size_t index = 0) { part(name, index).setFocus(Qt::TabFocusReason); }
+    BenchPart* atWork() { return dynamic_cast<BenchPart*>(bench().view().scene()->focusItem()); }
+
+    const QPointF outside{440, 300};
+};
+
+// What a click at the very edge of a picture meets.
+TEST_F(Bench, every_part_answers_over_its_whole_picture) {
+    startAtBench();
+    play("dblclick picIOS ; pick cmbIOS = 7 DI= 4bit DO= 4bit & PWM + Counter ; wait 0.1");
+    for (const BenchPart* candidate : bench().view().parts()) {
+        // Cables lie over connectors and over their own lower halves; outputs overlap, and a click does nothing there.
+        const QString name = candidate->objectName();
+        const bool beneath = name.startsWith("picCableDn") || name.startsWith("picBOARD") || name.startsWith("picFConn");
+        const bool output = candidate->shown().images == std::string_view("ilsLED_G");
+        if (!candidate->isVisible() || !candidate->reactions().any() || beneath || output) {
+            continue;
+        }
+        const QRectF whole = place(*candidate);
+        const QPointF middle = whole.center();
+        for (const QPointF edge : {QPointF(whole.left(), middle.y()), QPointF(whole.right() - 1, middle.y()),
+                                   QPointF(middle.x(), whole.top()), QPointF(middle.x(), whole.bottom() - 1)}) {
+            const auto met = bench().view().items(inView(edge));
+            const auto first = std::find_if(met.begin(), met.end(), [](const QGraphicsItem* item) {
+                return item->acceptedMouseButtons() != Qt::NoButton && dynamic_cast<const BenchPart*>(item) != nullptr;
+            });
+            EXPECT_TRUE(first != met.end() && dynamic_cast<BenchPart*>(*first) == candidate)
+                << name.toStdString() << " at " << edge.x() - whole.x() << ", " << edge.y() - whole.y();
+        }
+    }
+}
+
+TEST_F(Bench, held_buttons_stay_down_until_the_mouse_button_comes_up_wherever_it_is) {
+    startAtBench();
+    for (const auto& [name, index] : {std::pair{"picReset", 3},
+                                      {"picReset", 5},
+                                      {"picReset", 0},
+                                      {"picCLR", 1},
+                                      {"picCLR", 4},
+                                      {"picCounter", 8},
+                                      {"picNoise", 0}}) {
+        SCOPED_TRACE(testing::Message() << name << index);
+        BenchPart& button = part(name, static_cast<std::size_t>(index));
+        const int released = button.shown().number;
+        const auto down = [&] { return button.shown().number == released + 1; };
+        button.reactions().heldByDouble ? hand().doublePress(button) : hand().press(button);
+        EXPECT_TRUE(down());
+        const QPointF away = inView(outside);
+        QMouseEvent move(QEvent::MouseMove, away, viewport()->mapToGlobal(away), Qt::NoButton, Qt::LeftButton, {});
+        QApplication::sendEvent(viewport(), &move);
+        fire();
+        EXPECT_TRUE(down());
+        hand().release(inView(outside));
+        EXPECT_EQ(button.shown().number, released);
+        walkTo(name, static_cast<std::size_t>(index));
+        QTest::keyPress(&bench().view(), Qt::Key_Space);
+        fire();
+        EXPECT_TRUE(down()) << "as long as the key is";
+        QTest::keyRelease(&bench().view(), Qt::Key_Space);
+        EXPECT_EQ(button.shown().number, released);
+    }
+    EXPECT_EQ(machine().counterImage[16], 2) << "one pulse a press, by mouse and by key";
+    hand().doublePress(part("picReset", 1));
+    part("picReset", 1).ungrabMouse();
+    EXPECT_FALSE(machine().resetHeld[1]) << "a dialog took the mouse away";
+    hand().press(part("picPI", 3));
+    hand().release(inView(outside));
+    EXPECT_FALSE(machine().picPI[3].level) << "a click that was taken back";
+}
+
+TEST_F(Bench, is_as_wide_as_card_and_panel_want_and_turns_its_motor) {
+    startAtBench();
+    const QSize wide = bench().size();
+    play(
+        "dblclick picBridge ; dblclick picIOS ; pick cmbIOS = 6 DI= 8bit DO= 4bit & PWM ; dblclick picFConn ; dblclick "
+        "picBridge");
+    EXPECT_EQ(bench().size(), wide) << "the panel keeps it wide";
+    play("dblclick picIOS ; pick cmbIOS = 2 DI= 8bit DO= 8bit");
+    EXPECT_EQ(bench().size(), QSize(7890 / 15, wide.height()));
+
+    play("dblclick picIOS ; pick cmbIOS = 7 DI= 4bit DO= 4bit & PWM + Counter");
+    using Pictures = std::vector<std::pair<int, int>>;
+    const auto picturesAt = [this](int output, int interval) {
+        setMemoryWord(machine(), doBase + 2 * 4, output);
+        fire();
+        EXPECT_EQ(bench().timMotor().interval(), interval);
+        Pictures seen;
+        for (int step = 0; step < 3; ++step, bench().timMotor().fire()) {
+            seen.emplace_back(part("imgBelt").shown().number, part("picTriangle").shown().number);
+        }
+        return seen;
+    };
+    EXPECT_EQ(picturesAt(0x80 | 0x3F, 125), (Pictures{{1, 1}, {2, 2}, {3, 3}}));
+    EXPECT_EQ(picturesAt(0x40 | 0x20, 550), (Pictures{{1, 8}, {3, 7}, {2, 6}})) << "the other way, and slowly";
+    play("hold picCLR 4");
+    EXPECT_FALSE(bench().timMotor().running());
+}
+
+TEST_F(Bench, timing_charts_stand_beside_their_port) {
+    startAtBench();
+    struct Row {
+        const char* name;
+        std::size_t index;
+        int chart, left, top;
+    };
+    for (const Row& row : {Row{"picSSA", 0, 2, 7900, 7100}, Row{"picSTB", 3, 1, 13300, 7100}, Row{"picSSA", 2, 6, 7900, 4000},
+                           Row{"picSTB", 9, 1, 7900, 9000}}) {
+        doubleClick(row.name, row.index);
+        frmOsiro& chart = *program->bench().timingChartWindow();
+        EXPECT_TRUE(chart.isVisible() && chart.chart() == row.chart) << row.name << row.index;
+        const QRect told(bench().mapToGlobal(QPoint(row.left / 15, row.top / 15)), chart.frameGeometry().size());
+        EXPECT_EQ(chart.frameGeometry().topLeft(), keptOnScreen(told).topLeft()) << row.name << row.index;
+    }
+}
+
+// --- boxes -------------------------------------------------------------------------------------------------------------------
+
+TEST_F(Bench, a_box_commits_when_it_had_the_focus) {
+    startAtBench();
+    BenchCombo& box = *bench().combo("cmbSA", saQDA73);
+    const auto pointer = [this](std::size_t index) { return part("picSA", index).cursor().pixmap().toImage(); };
+    const QImage closed = pointer(2);
+    doubleClick("picSA", 2);
+    EXPECT_TRUE(box.isVisible() && !box.hasFocus() && box.currentText() == "0x01");
+    EXPECT_TRUE(pointer(2) != closed && pointer(3) != closed) << "both switches of the board";
+    box.setCurrentIndex(8);
+    hand().click(part("picSA", 3));
+    EXPECT_FALSE(box.isVisible());
+    EXPECT_EQ(machine().boardSA[saQDA73], 1) << "it never had the focus";
+    EXPECT_EQ(pointer(2), closed);
+
+    doubleClick("picSA", 2);
+    box.setFocus(Qt::MouseFocusReason);
+    box.showPopup();
+    EXPECT_TRUE(box.isOpen()) << "a list that drops down is no commit";
+    EXPECT_EQ(box.view()->viewport()->height() / box.view()->sizeHintForRow(0), 16) << "at the box, not over the whole screen";
+    box.hidePopup();
+    box.setFocus();
+    QTest::keyClick(&box, Qt::Key_Down);
+    EXPECT_EQ(machine().boardSA[saQDA73], 1) << "on the way to another item";
+    bench().view().setFocus();
+    EXPECT_EQ(machine().boardSA[saQDA73], 2) << "a click elsewhere";
+    play("says ボード1と、ボード3のＳＡが重複しています｡ ; ok ; silent ; dblclick picSA 3");
+    box.setFocus(Qt::MouseFocusReason);
+    box.showPopup();
+    const QRect same = box.view()->visualRect(box.model()->index(1, 0));
+    QTest::mouseClick(box.view()->viewport(), Qt::LeftButton, {}, same.center());
+    play("says ボード1と、ボード3のＳＡが重複しています｡ ; ok");  // the same item commits again
+
+    // The wheel turns the box at work, and scrolls the bench over any other.
+    BenchCombo& rate = *bench().combo("cmbBPS73");
+    const auto wheel = [&rate] {
+        QWheelEvent turn({5, 5}, rate.mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton, {}, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&rate, &turn);
+        return rate.currentIndex();
+    };
+    doubleClick("picBPS73");
+    EXPECT_EQ(wheel(), 0);
+    rate.setFocus();
+    EXPECT_EQ(wheel(), 1);
+}
+
+TEST_F(Bench, one_click_on_its_picture_closes_a_box_wherever_it_hits) {
+    startAtBench();
+    for (const char* zoom : {"key Ctrl+-", "key Ctrl+0"}) {
+        play(zoom);
+        for (const auto& [name, index, picture, at] : {std::tuple{"cmbSA", 0, "picSA", 1},
+                                                       {"cmbSA", 1, "picSA", 2},
+                                                       {"cmbSA", 2, "picSA", 4},
+                                                       {"cmbClock41", 0, "picClock", 1},
+                                                       {"cmbClock52", 0, "picClock", 3},
+                                                       {"cmbBPS73", 0, "picBPS73", 0},
+                                                       {"cmbCPUType", 0, "picCPU", 0},
+                                                       {"cmbIOS", 0, "picIOS", 0},
+                                                       {"cmbMode", 0, "picMode", 0}}) {
+            SCOPED_TRACE(testing::Message() << picture << at << " after " << zoom);
+            const BenchCombo& box = *bench().combo(name, static_cast<std::size_t>(index));
+            const QRectF whole = place(part(picture, static_cast<std::size_t>(at)));
+            for (const qreal down : {2.0, whole.height() - 6}) {
+                doubleClick(picture, static_cast<std::size_t>(at));
+                EXPECT_TRUE(box.isOpen());
+                EXPECT_NEAR(box.y(), inView(whole.bottomLeft()).y(), 5);
+                clickAt(whole.topLeft() + QPointF(2, down));
+                EXPECT_FALSE(box.isOpen());
+            }
+        }
+    }
+    EXPECT_EQ(bench().view().zoom(), 1);
+    doubleClick("picClock", 2);
+    play("label lblClock 2 = 48MHz ; silent");  // a fixed clock
+}
+
+TEST_F(Bench, the_keyboard_is_where_it_was_when_a_box_has_gone) {
+    startAtBench();
+    play("dblclick picSA 2 ; pick cmbSA 1 = 0x30");
+    EXPECT_EQ(atWork(), &part("picSA", 2)) << "not on the first cable";
+    EXPECT_FALSE(part("picSA", 2).byKeyboard()) << "no ring after mere mouse use";
+    walkTo("picSA", 2);
+    key(Qt::Key_Return);
+    BenchCombo& box = *bench().combo("cmbSA", saQDA73);
+    QTest::keyClick(&box, Qt::Key_Home);
+    machine().boardSA[saQDA73] = 0;
+    QTest::keyClick(&box, Qt::Key_Escape);
+    EXPECT_EQ(machine().boardSA[saQDA73], 0x30) << "Escape commits as any loss of the focus, what was there before";
+    EXPECT_TRUE(atWork() == &part("picSA", 2) && part("picSA", 2).byKeyboard());
+
+    // Some other widget had it.
+    QLineEdit elsewhere(&main());
+    elsewhere.show();
+    doubleClick("picMode");
+    bench().view().scene()->setFocusItem(nullptr);
+    elsewhere.setFocus();
+    bench().combo("cmbMode")->setFocus();
+    key(Qt::Key_Return);
+    play("ok");
+    EXPECT_TRUE(elsewhere.hasFocus());
+    elsewhere.hide();
+    EXPECT_EQ(atWork(), nullptr) << "it goes to none of the parts";
+    key(Qt::Key_Return);
+    EXPECT_TRUE(machine().picBOARD2_RXD[0].plugged) << "no Return for nobody pulls the first cable";
+}
+
+// --- keyboard and ear --------------------------------------------------------------------------------------------------------
+
+TEST_F(Bench, the_keyboard_reaches_every_part_that_answers) {
+    startAtBench();
+    std::set<const BenchPart*> reached;
+    for (std::size_t steps = 0; steps < bench().view().parts().size(); ++steps) {
+        key(Qt::Key_Tab);
+        reached.insert(atWork());
+    }
+    for (const BenchPart* candidate : bench().view().parts()) {
+        EXPECT_EQ(reached.count(candidate) != 0, candidate->isVisible() && candidate->reactions().any())
+            << candidate->objectName().toStdString();
+    }
+    walkTo("picPI", 40);
+    play(
+        "key Left ; label keyboard = picPI 41 ; key Right ; key Right ; label keyboard = picPI 39 ; "
+        "key Up ; label keyboard = picBPS73 0 ; key Down ; label keyboard = picPI 38 ; key Space ; image picPI 38 = 2");
+    QAccessibleInterface* heard = QAccessible::queryAccessibleInterface(&bench().view())->focusChild();
+    ASSERT_NE(heard, nullptr);
+    EXPECT_TRUE(heard->text(QAccessible::Name).startsWith("Board-1 picPI(38)"));
+    EXPECT_EQ(heard->text(QAccessible::Value), "ON");
+    EXPECT_TRUE(heard->rect().contains(viewport()->mapToGlobal(hand().at(part("picPI", 38)))));
+    heard->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    walkTo("picSSB", 2);
+    play("image picPI 38 = 1 ; key Return ; image picSSB 2 = 4");  // Return stands for the double click
+}
+
+// --- the dialog of the serial input --------------------------------------------------------------------------------------------
+
+class SerialDialog : public Bench {
+protected:
+    frmEditSerial& serial() { return *program->bench().serialDialog(); }
+    QPushButton& button(frmEditSerial::Action action) { return serial().cmdAction(action); }
+    // Set, Start, Cancel: + for one that can be pressed, * for the default.
+    std::string buttons() {
+        std::string text;
+        for (const auto action : {frmEditSerial::actionSet, frmEditSerial::actionStart, frmEditSerial::actionCancel}) {
+            text += button(action).isEnabled() ? button(action).isDefault() ? '*' : '+' : '-';
+        }
+        return text;
+    }
+};
+
+TEST_F(SerialDialog, a_word_is_set_started_and_goes_out) {
+    startAtBench();
+    doubleClick("picSDI", 1);
+    EXPECT_EQ(labelOf(serial(), "lblAdr"), "2");
+    // On a screen of 1280 the dialog stands at its right edge, and the LED of the cascade card is still seen beside it.
+    EXPECT_LT(bench().contentsMargins().left() + place(part("picSE", 1)).right(), 1280 - serial().frameGeometry().width());
+    EXPECT_EQ(buttons(), "*-+");
+    QTest::keyClicks(&serial().txtWriteData(), "5A3C");
+    const QImage before = serial().picDREQ_Data().grab().toImage();
+    button(frmEditSerial::actionSet).click();
+    EXPECT_NE(serial().picDREQ_Data().grab().toImage(), before);
+    EXPECT_EQ(buttons(), "+*+");
+    QTest::keyClick(&serial().txtWriteData(), Qt::Key_Home);
+    QTest::keyClicks(&serial().txtWriteData(), "1234");  // under the waveform of the word before
+    button(frmEditSerial::actionStart).click();
+    EXPECT_EQ(serial().timEnter().interval(), 100);
+    EXPECT_EQ(buttons(), "---");
+    play("shown picSerialInt 1");
+    int firings = 0;
+    for (; serial().isVisible() && firings < 100; ++firings) {
+        serial().timEnter().fire();
+    }
+    EXPECT_EQ(firings, 32) << "three seconds and a little";
+    EXPECT_FALSE(serial().timEnter().running());
+    EXPECT_EQ(machine().serialData[2] | machine().serialData[3] << 8, 0x1234);
+    play("hidden picSerialInt 1 ; image picSE 1 = 2 ; dblclick picSDI 1 ; says SEがローレベル(LED点灯)中は入力できません。");
+    EXPECT_FALSE(serial().isVisible());
+}
+
+TEST_F(SerialDialog, cancel_escape_close_box_and_a_restart_send_nothing) {
+    startAtBench();
+    const std::vector<std::function<void()>> ways{[this] { button(frmEditSerial::actionCancel).click(); },
+                                                  [this] { QTest::keyClick(&serial(), Qt::Key_Escape); },
+                                                  [this] { serial().close(); },
+                                                  [this] {
+                                                      Mdef_Set(machine());
+                                                      restart();
+                                                  }};
+    for (std::size_t way = 0; way < ways.size(); ++way) {
+        SCOPED_TRACE(way);
+        doubleClick("picSDI", 0);
+        ASSERT_TRUE(serial().isVisible());
+        EXPECT_EQ(serial().picDREQ_Data().x(), 8) << "nothing has gone out";
+        if (way != 0) {
+            button(frmEditSerial::actionSet).click();
+            button(frmEditSerial::actionStart).click();
+            serial().timEnter().fire();
+            play("shown picSerialInt 0");
+        }
+        ways[way]();
+        EXPECT_TRUE(program->bench().serialDialog() == nullptr || (!serial().isVisible() && !serial().timEnter().running()));
+        EXPECT_FALSE(machine().serialReady[0]);
+        play("hidden picSerialInt 0");
+    }
+}
+
+}  // namespace
