@@ -25,7 +25,8 @@ inline bool isOfArea(const QWidget* window) {
 
 class TourEyes {
 public:
-    TourEyes(Program& program, Eyes eyes) : program_(program), sight_(program.sight()), eyes_(eyes) {}
+    TourEyes(Program& program, Eyes eyes)
+        : program_(program), sight_(program.sight()), screen_(eyes == Eyes::open), eyes_(eyes) {}
 
     // What keeps the learner from seeing it fails.
     void see(const QWidget& widget, const QRect& rect) {

@@ -53,9 +53,11 @@ class TourPlayer::Hands {
 public:
     Hands(Program& program, Eyes eyes) : program_(program), eyes_(program, eyes) {
         frmMDI& main = program.mainWindow();
-        main.showNormal();
-        main.resize(mainSize);
-        main.move(mainPlace);
+        if (eyes == Eyes::open) {
+            main.showNormal();
+            main.resize(mainSize);
+            main.move(mainPlace);
+        }
         main.activateWindow();
         QApplication::processEvents();
     }

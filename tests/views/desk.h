@@ -150,6 +150,17 @@ protected:
         QTest::keyClick(QApplication::focusWidget(), key, modifiers);
         QApplication::processEvents();
     }
+    // Whether some pixel of a picture has a colour of this kind.
+    template <class Kind>
+    static bool holds(const QImage& picture, Kind kind) {
+        for (int pixel = 0; pixel < picture.width() * picture.height(); ++pixel) {
+            if (kind(picture.pixelColor(pixel % picture.width(), pixel / picture.width()))) {
+                return true;
+            }
+        }
+        return false;
+    }
+    static bool reddish(const QColor& colour) { return colour.red() > colour.blue() + 100; }
     static void type(const char* digits) { QTest::keyClicks(atKeys(), digits); }
 
     const QTemporaryDir temporary;

@@ -64,6 +64,45 @@ const Scene scenes[]{
      "C1CR C2CR ; double 004 ; "
      "key Escape ; ticked hint = コントロールワード ; key Escape ; press hint = INT0R ; ticked hint = INT0R ; close hint ; "
      "point HPR ; key Escape ; open hint ; ticked hint = INT0R"},
+    // The ways of the keyboard. What it goes to is named as it is spoken.
+    {"return_presses_the_button_that_has_it",
+     "write SCR 0000 ; wait 1 ; point HPR ; key 1 ; key Return ; reg HPR 1000 ; point HPR ; key 0 ; key Tab ; key Return ; "
+     "reg HPR 0000 ; point HPR ; key 1 ; key Tab ; key Tab ; key Return ; reg HPR 0000 ; double 082 ; key 1 ; key Tab ; key "
+     "Return ; "
+     "mem 082 1000 ; double 082 ; key 2 ; key Tab ; key Tab ; key Return ; mem 082 1000 ; double 082 ; key 3 ; key Return ; mem "
+     "082 3000"},
+    {"return_reads_or_closes_in_the_read_dialog",
+     "dblclick picCPU ; pick cmbCPUType = 8bit-Bus Little ; open read ; key 5 ; key 8 ; key E ; key Tab ; key Tab ; key Return ; "
+     "hidden read ; open read ; key 5 ; key 8 ; key E ; key Tab ; key Return ; got 13 ; key 5 ; key 9 ; key 0 ; key Return ; got "
+     "51"},
+    {"an_option_chosen_by_arrow_key_leads_on_to_the_value",
+     "write SCR 0000 ; wait 1 ; write HPR 1010 ; point HPR ; label keyboard = value ; key Tab ; key Tab ; key Tab ; key Down ; "
+     "label keyboard = value ; key 0 ; key 0 ; key Return ; reg HPR 1000"},
+    {"the_keyboard_is_where_it_was_when_the_chooser_has_gone",
+     "open chooser ; key Up ; key Down ; key Escape ; hidden chooser ; label keyboard = HardWare ; key Return ; "
+     "image picCableUp 0 = 2 ; key F6 ; label keyboard = Register Window ; key Tab ; key Return ; key Down ; key Return ; "
+     "hidden chooser ; shown c1c7 ; label keyboard = Memory dump - C1～C7"},
+    {"the_chooser_goes_round_by_arrow_key",
+     "open chooser ; key Up ; key Return ; hidden register ; open chooser ; key Down ; "
+     "key Return ; shown control"},
+    {"the_chooser_goes_when_the_learner_turns_elsewhere",
+     "open chooser ; front control ; hidden chooser ; open chooser ; click picPI 0 ; hidden chooser ; open chooser ; mode RUN ; "
+     "hidden chooser ; open chooser ; open version ; hidden chooser ; wait 3 ; hidden version ; open settings ; open chooser ; "
+     "press settings = 今すぐ設定 ; hidden chooser"},
+    {"keys_lead_to_the_strip_and_from_window_to_window",
+     "open hint ; click picPI 0 ; key F6 ; label keyboard = Register Window ; key F6 ; label keyboard = picPI 0 ; key Ctrl+Tab ; "
+     "label keyboard = Memory dump - Control + DI + DO ; key Ctrl+Tab ; key PgDown ; ticked hint = SSR ; key Ctrl+Tab ; "
+     "label keyboard = SCR 15-8 ; key Ctrl+Tab ; label keyboard = picPI 0 ; key Ctrl+F6 ; "
+     "label keyboard = Memory dump - Control + DI + DO ; key Ctrl+Shift+F6 ; label keyboard = picPI 0 ; key Ctrl+Shift+Tab ; "
+     "label keyboard = SCR 15-8 ; key Ctrl+Shift+Tab ; key PgUp ; ticked hint = SCR"},
+    {"arrow_keys_lead_over_the_registers",
+     "point SSR ; label keyboard = SSR 7-0 ; key Up ; label keyboard = SCR 7-0 ; key Up ; key Left ; label keyboard = SCR 15-8 ; "
+     "key Left ; label keyboard = SCR 15-8 ; key Right ; key Right ; key Right ; key Right ; key Down ; label keyboard = SSR 7-0 "
+     "; "
+     "key Left ; label keyboard = SSR 15-8 ; key Left ; label keyboard = SSR 7-0"},
+    {"page_keys_turn_the_hints_and_Escape_closes_the_window_at_work",
+     "open hint ; key PgDown ; ticked hint = SSR ; key PgUp ; ticked hint = SCR ; key PgUp ; ticked hint = CC ; key PgDown ; "
+     "ticked hint = SCR ; key Escape ; hidden hint ; shown control"},
 };
 
 class Scenes : public Desk, public testing::WithParamInterface<Scene> {};
