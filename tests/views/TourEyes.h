@@ -18,6 +18,7 @@
 #include <QMdiSubWindow>
 
 #include <algorithm>
+#include <stdexcept>
 
 inline bool isOfArea(const QWidget* window) {
     return qobject_cast<const QMdiSubWindow*>(window) != nullptr;
@@ -95,7 +96,9 @@ public:
     }
     frmDump& dumpOf(int place) {
         frmDump* dump = program_.memory().window(areaOf(place).area);
-        EXPECT_TRUE(isUp(dump)) << "its dump window is shut";
+        if (!isUp(dump)) {
+            throw std::runtime_error("its dump window is shut");  // what follows can't be played
+        }
         return *dump;
     }
     QRect cellOf(int place) {

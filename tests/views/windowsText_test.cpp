@@ -122,8 +122,10 @@ void Windows::openEverything() {
     giveFolder(VRB_BIN "/HintData");
     giveFolder(VRB_BIN "/Kairozu");
     start(withHintsAndDump);
-    hideVersion();
-    startTour(0);  // first: it starts the machine anew
+    // The tour first: it starts the machine anew.
+    program->aids().openNaviList();
+    program->aids().naviList()->cmdStart().click();
+    main().timTick().setEnabled(false);
     setMemoryWord(machine(), reg::c2crLow, 0x5AA3);
     fire();
     for (const Area area : {Area::c1ToC7, Area::drc, Area::controlDoDi}) {
