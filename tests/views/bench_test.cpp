@@ -274,72 +274,56 @@ TEST_F(Bench, the_keyboard_reaches_every_part_that_answers) {
 
 // --- the dialog of the serial input --------------------------------------------------------------------------------------------
 
-class SerialDialog : public Bench {
-protected:
-    frmEditSerial& serial() { return *program->bench().serialDialog(); }
-    QPushButton& button(frmEditSerial::Action action) { return serial().cmdAction(action); }
-    // Set, Start, Cancel: + for one that can be pressed, * for the default.
-    std::string buttons() {
-        std::string text;
-        for (const auto action : {frmEditSerial::actionSet, frmEditSerial::actionStart, frmEditSerial::actionCancel}) {
-            text += button(action).isEnabled() ? button(action).isDefault() ? '*' : '+' : '-';
-        }
-        return text;
-    }
-};
-
-TEST_F(SerialDialog, a_word_is_set_started_and_goes_out) {
+TEST_F(Bench, a_serial_word_goes_out_as_it_was_typed_last_or_not_at_all) {
     startAtBench();
     doubleClick("picSDI", 1);
-    EXPECT_EQ(labelOf(serial(), "lblAdr"), "2");
+    frmEditSerial& serial = *program->bench().serialDialog();
+    // Set, Start, Cancel: + for one that can be pressed, * for the default.
+    const auto buttons = [&serial] {
+        std::string text;
+        for (const auto action : {frmEditSerial::actionSet, frmEditSerial::actionStart, frmEditSerial::actionCancel}) {
+            const QPushButton& button = serial.cmdAction(action);
+            text += button.isEnabled() ? button.isDefault() ? '*' : '+' : '-';
+        }
+        return text;
+    };
     // On a screen of 1280 the dialog stands at its right edge, and the LED of the cascade card is still seen beside it.
-    EXPECT_LT(bench().contentsMargins().left() + place(part("picSE", 1)).right(), 1280 - serial().frameGeometry().width());
-    EXPECT_EQ(buttons(), "*-+");
-    QTest::keyClicks(&serial().txtWriteData(), "5A3C");
-    const QImage before = serial().picDREQ_Data().grab().toImage();
-    button(frmEditSerial::actionSet).click();
-    EXPECT_NE(serial().picDREQ_Data().grab().toImage(), before);
+    EXPECT_LT(bench().contentsMargins().left() + place(part("picSE", 1)).right(), 1280 - serial.frameGeometry().width());
+    EXPECT_EQ(labelOf(serial, "lblAdr") + buttons().c_str(), "2*-+");
+    type("5A3C");
+    const QImage before = serial.picDREQ_Data().grab().toImage();
+    key(Qt::Key_Return);
+    EXPECT_NE(serial.picDREQ_Data().grab().toImage(), before);
     EXPECT_EQ(buttons(), "+*+");
-    QTest::keyClick(&serial().txtWriteData(), Qt::Key_Home);
-    QTest::keyClicks(&serial().txtWriteData(), "1234");  // under the waveform of the word before
-    button(frmEditSerial::actionStart).click();
-    EXPECT_EQ(serial().timEnter().interval(), 100);
+    key(Qt::Key_Home);
+    type("1234");  // under the waveform of the word before
+    key(Qt::Key_Return);
     EXPECT_EQ(buttons(), "---");
+    EXPECT_EQ(serial.timEnter().interval(), 100);
     play("shown picSerialInt 1");
-    int firings = 0;
-    for (; serial().isVisible() && firings < 100; ++firings) {
-        serial().timEnter().fire();
+    for (int firing = 1; firing <= 32; ++firing) {
+        EXPECT_TRUE(serial.isVisible()) << "three seconds and a little";
+        serial.timEnter().fire();
     }
-    EXPECT_EQ(firings, 32) << "three seconds and a little";
-    EXPECT_FALSE(serial().timEnter().running());
+    EXPECT_FALSE(serial.isVisible() || serial.timEnter().running());
     EXPECT_EQ(machine().serialData[2] | machine().serialData[3] << 8, 0x1234);
     play("hidden picSerialInt 1 ; image picSE 1 = 2 ; dblclick picSDI 1 ; says SEがローレベル(LED点灯)中は入力できません。");
-    EXPECT_FALSE(serial().isVisible());
-}
 
-TEST_F(SerialDialog, cancel_escape_close_box_and_a_restart_send_nothing) {
-    startAtBench();
-    const std::vector<std::function<void()>> ways{[this] { button(frmEditSerial::actionCancel).click(); },
-                                                  [this] { QTest::keyClick(&serial(), Qt::Key_Escape); },
-                                                  [this] { serial().close(); },
-                                                  [this] {
-                                                      Mdef_Set(machine());
-                                                      restart();
-                                                  }};
+    const std::vector<std::function<void()>> ways{[&] { serial.cmdAction(frmEditSerial::actionCancel).click(); },
+                                                  [&] { QTest::keyClick(&serial, Qt::Key_Escape); }, [&] { serial.close(); },
+                                                  [&] { restart(); }};
     for (std::size_t way = 0; way < ways.size(); ++way) {
         SCOPED_TRACE(way);
         doubleClick("picSDI", 0);
-        ASSERT_TRUE(serial().isVisible());
-        EXPECT_EQ(serial().picDREQ_Data().x(), 8) << "nothing has gone out";
+        EXPECT_TRUE(serial.isVisible() && serial.picDREQ_Data().x() == 8) << "nothing has gone out";
         if (way != 0) {
-            button(frmEditSerial::actionSet).click();
-            button(frmEditSerial::actionStart).click();
-            serial().timEnter().fire();
+            serial.cmdAction(frmEditSerial::actionSet).click();
+            serial.cmdAction(frmEditSerial::actionStart).click();
+            serial.timEnter().fire();
             play("shown picSerialInt 0");
         }
         ways[way]();
-        EXPECT_TRUE(program->bench().serialDialog() == nullptr || (!serial().isVisible() && !serial().timEnter().running()));
-        EXPECT_FALSE(machine().serialReady[0]);
+        EXPECT_FALSE(isUp(program->bench().serialDialog()) || machine().serialReady[0]);
         play("hidden picSerialInt 0");
     }
 }

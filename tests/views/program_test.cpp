@@ -214,7 +214,8 @@ TEST_F(Running, applied_settings_make_a_new_bench) {
     }
     play(
         "press settings = 今すぐ設定 ; hidden settings ; shown picPWM ; label lblClock 1 = 12MHz ; sa 2 21 ; hidden picBridge ; "
-        "image picSSB 0 = 3 ; image picJumper 0 = 2 ; hidden register ; shown c1c7 ; open register ; reg BCR 0003 ; open control ; mem 090 "
+        "image picSSB 0 = 3 ; image picJumper 0 = 2 ; hidden register ; shown c1c7 ; open register ; reg BCR 0003 ; open control "
+        "; mem 090 "
         "0000");
     EXPECT_NE(&bench(), before);
     EXPECT_TRUE(main().lblRunMode(modeRun).isChecked() && machine().runMode == modeRun && machine().startupDone);
