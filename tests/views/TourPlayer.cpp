@@ -204,25 +204,22 @@ private:
     }
 
     void open(const Statement& s) {
-        constexpr int noEntry = -1;
-        struct Way {
-            Tool tool;
-            int entry = noEntry;  // of the chooser
-        };
-        static const std::map<std::string, Way> ways{{"register", {Tool::registerWindow}},
-                                                     {"hint", {Tool::registerHint}},
-                                                     {"settings", {Tool::defaultSet}},
-                                                     {"version", {Tool::version}},
-                                                     {"chooser", {Tool::memoryWindow}},
+        constexpr int none = -1;
+        using Way = std::pair<Tool, int>;  // and the entry of the chooser
+        static const std::map<std::string, Way> ways{{"register", {Tool::registerWindow, none}},
+                                                     {"hint", {Tool::registerHint, none}},
+                                                     {"settings", {Tool::defaultSet, none}},
+                                                     {"version", {Tool::version, none}},
+                                                     {"chooser", {Tool::memoryWindow, none}},
                                                      {"control", {Tool::memoryWindow, frmDumpSel::controlDoDi}},
                                                      {"c1c7", {Tool::memoryWindow, frmDumpSel::c1ToC7}},
                                                      {"drc", {Tool::memoryWindow, frmDumpSel::drc}},
                                                      {"read", {Tool::memoryWindow, frmDumpSel::memoryRead}}};
         ASSERT_TRUE(ways.contains(s.name)) << "the strip doesn't lead there";
-        const Way& way = ways.at(s.name);
-        click(program_.mainWindow().label(way.tool));
-        if (way.entry != noEntry) {
-            click(program_.memory().chooser()->cmdAREA(way.entry));
+        const auto& [tool, entry] = ways.at(s.name);
+        click(program_.mainWindow().label(tool));
+        if (entry != none) {
+            click(program_.memory().chooser()->cmdAREA(entry));
         }
     }
 

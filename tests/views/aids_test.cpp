@@ -68,11 +68,6 @@ TEST_F(Aids, a_picture_that_cannot_be_shown_says_why) {
     EXPECT_EQ(hint().picHint().width(), 700);
     play("press hint = コントロール");
     EXPECT_TRUE(hint().page() == 1 && hint().picHint().isNull()) << "its picture is missing";
-    emit program->memory().controlWordPointed();
-    EXPECT_EQ(hint().page(), 1) << "a book without that page";
-    fs::remove_all(folder / "HintData");
-    program->aids().hints()->showHintFor("SCR");
-    EXPECT_EQ(hint().page(), 0);
 }
 
 // What the build puts beside the program: every picture that the tables name, in the size that its window is made for.

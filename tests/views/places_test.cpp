@@ -6,42 +6,43 @@
 #include "platform/screen.h"
 #include "tests/views/desk.h"
 
-#include <QMdiSubWindow>
 #include <QScreen>
 
 namespace {
 
-class Places : public Desk {
-protected:
-    static QPoint of(const QWidget& window) { return window.frameGeometry().topLeft(); }
-    static QPoint at(int x, int y) { return {x / 15, y / 15}; }  // told in twips
-};
+QPoint of(const QWidget& window) {
+    return window.frameGeometry().topLeft();
+}
+
+QPoint at(int x, int y) {
+    return {x / 15, y / 15};  // told in twips
+}
+
+using Places = Desk;
 
 TEST_F(Places, are_as_told_at_the_first_showing_as_at_the_next) {
     giveFolder(VRB_BIN "/HintData");
     startAtBench(withHintsAndDump);
+    machine().cpuType = 1;
     const QPoint corner = of(main());
     EXPECT_EQ(of(registers()), corner + at(6600, 1100));
+    const auto atRegister = [this](int row) {
+        openRegister(row, frmRegister::valLow);
+        dialog().reject();
+        return of(dialog()) - of(registers()) - QPoint(0, registers().cell(row, frmRegister::valLow).y());
+    };
     for (int time = 0; time < 2; ++time) {
         SCOPED_TRACE(time);
-        machine().cpuType = 1;
-        for (const int row : {3, 7}) {
-            openRegister(row, frmRegister::valLow);
-            EXPECT_EQ(of(dialog()),
-                      of(registers()) + QPoint(500 / 15, registers().cell(row, frmRegister::valLow).y() + 700 / 15));
-            dialog().reject();
-        }
+        EXPECT_EQ(atRegister(3), at(500, 700));
+        EXPECT_EQ(atRegister(7), at(500, 700));
         openCell(0x21);
         const QPoint cell = dump().grid().mapToGlobal(dump().grid().cellRect(0x21, DumpGrid::Side::data).topLeft());
         EXPECT_EQ(of(*program->memory().writeDialog()), cell + QPoint(0, 24));
         program->memory().writeDialog()->reject();
-        click(Tool::memoryWindow);
-        click(program->memory().chooser()->cmdAREA(frmDumpSel::memoryRead));
+        play("open read ; open settings");
         EXPECT_EQ(of(window("read")), main().area().mapToGlobal(at(1800, 2500)));
-        window("read").close();
-        program->settings().open();
         EXPECT_EQ(of(window("settings")), corner + at(4700, 4000));
-        program->settings().hide();
+        play("close read ; close settings");
         for (const int slot : {0, 1}) {
             emit bench().serialWanted(slot);
             frmEditSerial& serial = *program->bench().serialDialog();
@@ -51,17 +52,12 @@ TEST_F(Places, are_as_told_at_the_first_showing_as_at_the_next) {
         }
     }
     registers().move(400, 780);
-    openRegister(9, frmRegister::valLow);
-    EXPECT_EQ(of(dialog()).y() + dialog().frameGeometry().height(),
-              of(registers()).y() + registers().cell(9, frmRegister::valLow).y() + 700 / 15 - 300 / 15)
+    EXPECT_EQ(atRegister(9).y() + dialog().frameGeometry().height(), at(0, 700).y() - at(0, 300).y())
         << "at the foot of the screen it stands above its cell";
-    dialog().reject();
-
     window("hint").move(30, 40);
-    registers().close();
+    play("close register");
     settle();
-    click(Tool::registerWindow);
-    EXPECT_TRUE(registers().isVisible());
+    play("open register ; shown register");
     EXPECT_EQ(window("hint").pos(), QPoint(30, 40)) << "a window that comes back moves no other";
 }
 
