@@ -43,8 +43,9 @@ TEST_F(Bench, every_part_answers_over_its_whole_picture) {
         }
         const QRectF whole = place(*candidate);
         const QPointF middle = whole.center();
-        for (const QPointF edge : {QPointF(whole.left(), middle.y()), QPointF(whole.right() - 1, middle.y()),
-                                   QPointF(middle.x(), whole.top()), QPointF(middle.x(), whole.bottom() - 1)}) {
+        const QPointF top(middle.x(), whole.top());
+        const QPointF left(whole.left(), middle.y());
+        for (const QPointF edge : {top, left, top + QPointF(0, whole.height() - 1), left + QPointF(whole.width() - 1, 0)}) {
             const auto met = bench().view().items(inView(edge));
             const auto first = std::find_if(met.begin(), met.end(), [](const QGraphicsItem* item) {
                 return item->acceptedMouseButtons() != Qt::NoButton && dynamic_cast<const BenchPart*>(item) != nullptr;
@@ -57,15 +58,11 @@ TEST_F(Bench, every_part_answers_over_its_whole_picture) {
 
 TEST_F(Bench, held_buttons_stay_down_until_the_mouse_button_comes_up_wherever_it_is) {
     startAtBench();
-    for (const auto& [name, index] : {std::pair{"picReset", 3},
-                                      {"picReset", 5},
-                                      {"picReset", 0},
-                                      {"picCLR", 1},
-                                      {"picCLR", 4},
-                                      {"picCounter", 8},
-                                      {"picNoise", 0}}) {
+    using Button = std::pair<const char*, std::size_t>;
+    for (const auto& [name, index] : {Button{"picReset", 3}, Button{"picReset", 5}, Button{"picReset", 0}, Button{"picCLR", 1},
+                                      Button{"picCLR", 4}, Button{"picCounter", 8}, Button{"picNoise", 0}}) {
         SCOPED_TRACE(testing::Message() << name << index);
-        BenchPart& button = part(name, static_cast<std::size_t>(index));
+        BenchPart& button = part(name, index);
         const int released = button.shown().number;
         const auto down = [&] { return button.shown().number == released + 1; };
         button.reactions().heldByDouble ? hand().doublePress(button) : hand().press(button);
@@ -77,7 +74,7 @@ TEST_F(Bench, held_buttons_stay_down_until_the_mouse_button_comes_up_wherever_it
         EXPECT_TRUE(down());
         hand().release(inView(outside));
         EXPECT_EQ(button.shown().number, released);
-        walkTo(name, static_cast<std::size_t>(index));
+        walkTo(name, index);
         QTest::keyPress(&bench().view(), Qt::Key_Space);
         fire();
         EXPECT_TRUE(down()) << "as long as the key is";
@@ -91,31 +88,6 @@ TEST_F(Bench, held_buttons_stay_down_until_the_mouse_button_comes_up_wherever_it
     hand().press(part("picPI", 3));
     hand().release(inView(outside));
     EXPECT_FALSE(machine().picPI[3].level) << "a click that was taken back";
-}
-
-TEST_F(Bench, is_as_wide_as_card_and_panel_want_and_turns_its_motor) {
-    startAtBench();
-    const int wide = bench().width();
-    play(
-        "dblclick picBridge ; dblclick picIOS ; pick cmbIOS = 6 DI= 8bit DO= 4bit & PWM ; dblclick picFConn ; dblclick "
-        "picBridge");
-    EXPECT_EQ(bench().width(), wide) << "the panel keeps it wide";
-    play("dblclick picIOS ; pick cmbIOS = 7 DI= 4bit DO= 4bit & PWM + Counter");
-    using Pictures = std::vector<std::pair<int, int>>;
-    const auto picturesAt = [this](int output, int interval) {
-        setMemoryWord(machine(), doBase + 2 * 4, output);
-        fire();
-        EXPECT_EQ(bench().timMotor().interval(), interval);
-        Pictures seen;
-        for (int step = 0; step < 3; ++step, bench().timMotor().fire()) {
-            seen.emplace_back(part("imgBelt").shown().number, part("picTriangle").shown().number);
-        }
-        return seen;
-    };
-    EXPECT_EQ(picturesAt(0x80 | 0x3F, 125), (Pictures{{1, 1}, {2, 2}, {3, 3}}));
-    EXPECT_EQ(picturesAt(0x40 | 0x20, 550), (Pictures{{1, 8}, {3, 7}, {2, 6}})) << "the other way, and slowly";
-    play("hold picCLR 4");
-    EXPECT_FALSE(bench().timMotor().running());
 }
 
 TEST_F(Bench, timing_charts_stand_beside_their_port) {
@@ -184,22 +156,18 @@ TEST_F(Bench, a_box_commits_when_it_had_the_focus) {
 
 TEST_F(Bench, one_click_on_its_picture_closes_a_box_wherever_it_hits) {
     startAtBench();
+    using Box = std::tuple<const char*, std::size_t, const char*, std::size_t>;
     for (const char* zoom : {"key Ctrl+-", "key Ctrl+0"}) {
         play(zoom);
-        for (const auto& [name, index, picture, at] : {std::tuple{"cmbSA", 0, "picSA", 1},
-                                                       {"cmbSA", 1, "picSA", 2},
-                                                       {"cmbSA", 2, "picSA", 4},
-                                                       {"cmbClock41", 0, "picClock", 1},
-                                                       {"cmbClock52", 0, "picClock", 3},
-                                                       {"cmbBPS73", 0, "picBPS73", 0},
-                                                       {"cmbCPUType", 0, "picCPU", 0},
-                                                       {"cmbIOS", 0, "picIOS", 0},
-                                                       {"cmbMode", 0, "picMode", 0}}) {
+        for (const auto& [name, index, picture, at] :
+             {Box{"cmbSA", 0, "picSA", 1}, Box{"cmbSA", 1, "picSA", 2}, Box{"cmbSA", 2, "picSA", 4},
+              Box{"cmbClock41", 0, "picClock", 1}, Box{"cmbClock52", 0, "picClock", 3}, Box{"cmbBPS73", 0, "picBPS73", 0},
+              Box{"cmbCPUType", 0, "picCPU", 0}, Box{"cmbIOS", 0, "picIOS", 0}, Box{"cmbMode", 0, "picMode", 0}}) {
             SCOPED_TRACE(testing::Message() << picture << at << " after " << zoom);
-            const BenchCombo& box = *bench().combo(name, static_cast<std::size_t>(index));
-            const QRectF whole = place(part(picture, static_cast<std::size_t>(at)));
+            const BenchCombo& box = *bench().combo(name, index);
+            const QRectF whole = place(part(picture, at));
             for (const qreal down : {2.0, whole.height() - 6}) {
-                doubleClick(picture, static_cast<std::size_t>(at));
+                doubleClick(picture, at);
                 EXPECT_TRUE(box.isOpen());
                 EXPECT_NEAR(box.y(), inView(whole.bottomLeft()).y(), 5);
                 clickAt(whole.topLeft() + QPointF(2, down));

@@ -187,7 +187,9 @@ TEST_F(Running, applied_settings_make_a_new_bench) {
     for (const auto& [list, item] : {std::pair{"cmbIOS", 7}, {"cmbSA0", 0x20}, {"cmbClockDEF41", 2}}) {
         dialog.findChild<QComboBox*>(list)->setCurrentIndex(item);
     }
-    for (const auto& [box, ticked] : {std::pair{"chkCascade", false}, {"optHF1", true}, {"chkDef5", true}, {"chkDef2", false}}) {
+    using Box = std::pair<const char*, bool>;
+    for (const auto& [box, ticked] :
+         {Box{"chkCascade", false}, Box{"optHF1", true}, Box{"chkDef5", true}, Box{"chkDef2", false}}) {
         dialog.findChild<QAbstractButton*>(box)->setChecked(ticked);
     }
     play(

@@ -215,16 +215,10 @@ protected:
         EXPECT_FALSE(m.scanRunning && m.scanOneShot);
         EXPECT_TRUE(!m.scanRunning || (m.scanAddr >= 1 && m.scanAddr <= m.scanLastAddr)) << int{m.scanAddr} << m.scanLastAddr;
         EXPECT_EQ(m.picScanLed.lit, m.scanRunning || m.scanOneShot);
-        for (const auto& [address, bits] : {std::pair{0x580, 0x3F},
-                                            {0x581, 0x3F},
-                                            {0x582, 0xBF},
-                                            {0x583, 0x07},
-                                            {0x584, 0x11},
-                                            {0x585, 0x11},
-                                            {0x588, 0xF8},
-                                            {0x589, 0xF8},
-                                            {0x58E, 0x13},
-                                            {0x58F, 0x07}}) {
+        using Mask = std::pair<int, int>;
+        for (const auto& [address, bits] :
+             {Mask{0x580, 0x3F}, Mask{0x581, 0x3F}, Mask{0x582, 0xBF}, Mask{0x583, 0x07}, Mask{0x584, 0x11}, Mask{0x585, 0x11},
+              Mask{0x588, 0xF8}, Mask{0x589, 0xF8}, Mask{0x58E, 0x13}, Mask{0x58F, 0x07}}) {
             EXPECT_EQ(byteAt(m, address) & ~bits, 0) << std::hex << address;
         }
         EXPECT_TRUE(std::all_of(m.chipMemory.begin() + 0x596, m.chipMemory.end(), [](int unused) { return unused == 0; }));

@@ -9,7 +9,7 @@ namespace {
 
 class TourWindow : public Desk {
 protected:
-    // The files of tours by name; the index lists them in this order and then those that are none.
+    // Tours by file name; the index lists them in this order, and then those that are none.
     void startWith(const std::vector<std::pair<std::string, std::string>>& tours, const std::string& index = {}) {
         std::string lines = "; tours\r\n";
         for (const auto& [name, text] : tours) {
@@ -105,10 +105,8 @@ TEST_F(TourWindow, the_sign_follows_what_the_page_promises) {
                 "1\r\n2\r\nreg SCR 0004\r\n1\r\n2\r\nclick picPI 32 ; wait 1 ; image picPI 32 = 2 ; mem 102 0001\r\n"
                 "1\r\n2\r\nsays hello ; bus 8bit-Bus Little\r\n1\r\n2\r\nlit nothing\r\n"}});
     startTour(1);
-    EXPECT_EQ(sign(), TourSign::none) << "that is so already";
+    EXPECT_TRUE(sign() == TourSign::none && !tour().timWatch().running()) << "that is so already";
     const QImage without = drawnSign();
-    EXPECT_FALSE(tour().timWatch().running()) << "nothing to look for";
-
     press(frmNavigation::actionNext);
     EXPECT_EQ(sign(), TourSign::open);
     const QImage ring = drawnSign();
@@ -134,15 +132,14 @@ TEST_F(TourWindow, the_sign_follows_what_the_page_promises) {
     EXPECT_EQ(sign(), TourSign::done) << "no refresh came";
     EXPECT_FALSE(tour().timWatch().running());
 
-    const auto mark = [this](int row) { return list().lstTitle().item(row)->data(Qt::AccessibleTextRole).toString(); };
-    EXPECT_EQ(mark(1), "");
     press(frmNavigation::actionNext);
     EXPECT_EQ(sign(), TourSign::none) << "a slip is prose";
     EXPECT_EQ(tour().cmdAction(frmNavigation::actionNext).accessibleDescription(), "");
     press(frmNavigation::actionMenu);
-    EXPECT_TRUE(mark(1).startsWith("Tour ") && mark(0).isEmpty()) << "finished";
-    const auto picture = [this](int row) { return list().lstTitle().item(row)->icon().pixmap(NaviSign::size).toImage(); };
-    EXPECT_NE(picture(0), picture(1));
+    const QListWidgetItem* other = list().lstTitle().item(0);
+    const QListWidgetItem* finished = list().lstTitle().item(1);
+    EXPECT_NE(finished->data(Qt::AccessibleTextRole), other->data(Qt::AccessibleTextRole));
+    EXPECT_NE(finished->icon().pixmap(NaviSign::size).toImage(), other->icon().pixmap(NaviSign::size).toImage());
     startTour(1);
     press(frmNavigation::actionNext);
     EXPECT_EQ(sign(), TourSign::open) << "a new start";
@@ -164,7 +161,6 @@ TEST_F(TourWindow, keeps_to_its_corner_and_its_sign_hides_no_text) {
     EXPECT_EQ(tour().frameGeometry().bottomRight(), corner);
     EXPECT_EQ(tour().cmdAction(frmNavigation::actionNext).width(), next + more) << "Next takes what there is";
     EXPECT_EQ(tour().cmdAction(frmNavigation::actionEnd).geometry().right(), tour().width() - 15);
-    EXPECT_EQ(tour().picNav(0).width(), tour().width() - 14);
     EXPECT_TRUE(tour().picSign().isVisible());
     EXPECT_GE(tour().picSign().geometry().left(), textEnd);
     press(frmNavigation::actionNext);
@@ -176,13 +172,11 @@ TEST_F(TourWindow, files_that_are_no_tours_do_no_harm) {
     fs::create_directories(folder / "NaviData/folder");
     startWith({{"a.txt", "1\n2\n\n"}, {"empty.txt", ""}, {"huge.txt", std::string(5 << 20, '\n')}},
               "gone.txt\tGone\t-\r\nfolder\tFolder\t-\r\nno title\r\n");
-    const frmHard* bench = program->bench().bench();
     for (const int missing : {3, 4}) {
         startTour(missing);
         EXPECT_EQ(notice(), "ファイルが見つかりません。");
-        EXPECT_TRUE(listUp()) << "the learner stays in the list";
+        EXPECT_TRUE(listUp() && !tourUp()) << "the learner stays in the list";
     }
-    EXPECT_EQ(program->bench().bench(), bench);
     startTour(1);
     EXPECT_EQ(shown(), "1/0  ");
     startTour(2);
