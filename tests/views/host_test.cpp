@@ -264,6 +264,10 @@ TEST_F(Host, a_firing_that_changes_nothing_repaints_nothing_and_a_change_its_own
     Paints onBench(*hand().viewport());
     Paints onGrid(grid);
     EXPECT_EQ(bench().refresh(), 0);
+    machine().picSSA[0].on = true;
+    EXPECT_EQ(bench().refresh(), 1) << "what changed is told";
+    QApplication::processEvents();
+    onBench.region = {};
     fire(5);
     QApplication::processEvents();
     EXPECT_TRUE(onBench.region.isEmpty() && onGrid.region.isEmpty());
