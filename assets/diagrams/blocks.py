@@ -119,7 +119,7 @@ def transceiver(sheet, half):
         sheet.net(409, y - 3, name)
     # The jumper: 1-2 keeps the receiver on, 2-3 turns it off while the driver sends.
     sheet.wire((356, 112), (384, 112))
-    sheet.text(384, 91, 'JP1', 9, INK, 'middle')
+    sheet.text(384, 92.5, 'JP1', 9, INK, 'middle')
     for pin, y in enumerate((100, 112, 124), 1):
         sheet.box(381, y - 3, 6, 6, WHITE, INK, 1, 0)
         sheet.number(376, y + (-2 if pin == 2 else 3), pin, 'end')
@@ -129,9 +129,9 @@ def transceiver(sheet, half):
     sheet.wire((387, 124), (399, 124), (399, TXE))
     sheet.dot(399, TXE)
     sheet.text(384, 140, 'JMP-H' if half else 'JMP-F', 9, NET, 'middle', bold=True)
-    sheet.dot(372, TXE)
-    sheet.resistor(372, TXE, 186, 'R5 10k', 15)
-    sheet.gnd(372, 186)
+    sheet.dot(366, TXE)
+    sheet.resistor(366, TXE, 186, 'R5 10k', 15)
+    sheet.gnd(366, 186)
 
 
 def reset_circuit(sheet):
@@ -178,7 +178,7 @@ def clock_and_reset(sheet, clock):
     sheet.text(324, 275, 'X1', 9.5, INK, 'middle', SANS, True)
     sheet.text(324, 286, clock, 9, INK, 'middle', SANS)
     sheet.wire((296, 270), (282, 270), (282, 284), (296, 284))
-    sheet.vcc(282, 264)
+    sheet.vcc(282, 264, right=2)
     sheet.dot(282, 270)
     sheet.number(292, 268, 4, 'end')
     sheet.number(292, 282, 1, 'end')

@@ -24,9 +24,10 @@ def port(sheet, half, top, connector, signal, chip, transformers, pin):
         if name:
             sheet.net(57, y - 2, name)
     receive, send = (top + 16, top + 40), (top + 58, top + 82)
-    wires = [(0, receive[0], 90), (1, receive[1], 90)]
+    # Each turns left of the one above it, so that no two run side by side.
+    wires = [(0, receive[0], 90), (1, receive[1], 96)]
     if not half:
-        wires += [(2, send[0], 96), (3, send[1], 84)]
+        wires += [(2, send[0], 90), (3, send[1], 84)]
     for place, y, x in wires:
         sheet.wire((54, pins[place][0]), (x, pins[place][0]), (x, y), (222, y))
     sheet.wire((54, pins[4][0]), (74, pins[4][0]), (74, pins[5][0]))
@@ -89,8 +90,8 @@ def line_section(sheet, half):
     sheet.dot(424, 134)
     sheet.left_pin(CHIP_LEFT, 110, 'TXE', 3)
     sheet.left_pin(CHIP_LEFT, 134, 'TXD', 4)
-    sheet.net(388, 107, 'TXE')
-    sheet.net(388, 131, 'TXD')
+    sheet.net(382, 107, 'TXE')
+    sheet.net(382, 131, 'TXD')
     sheet.wire((358, 86), (366, 86), (366, 188))
     sheet.wire((358, 184), (366, 184))
     sheet.dot(366, 184)
@@ -103,8 +104,8 @@ def line_section(sheet, half):
     sheet.gnd(397, 176)
     sheet.wire((385, 200), (432, 200))
     sheet.dot(432, 200)
-    sheet.text(374, 221, 'JP1', 9, INK)
-    sheet.text(390, 221, 'JMP-H' if half else 'JMP-F', 9, NET, bold=True)
+    sheet.text(361, 221, 'JP1', 9, INK)
+    sheet.text(378, 221, 'JMP-H' if half else 'JMP-F', 9, NET, bold=True)
     sheet.text(20, 252, '回線部　ケーブルはどちらか一方に差す。' + (
         '受信と送信に同じ1組' if half else '送信は 1･2 番、受信は 3･4 番(ボードでは逆)'), 10, GREEN)
 
@@ -188,7 +189,7 @@ def registers(sheet):
     """What of the registers is seen on this board."""
     left, top = 20, 448
     sheet.box(left, top, 420, 116, SHEET_GREEN, GREEN_LINE, 1, 3)
-    sheet.text(left + 10, top + 18, 'レジスタと基板', 11, INK, 'start', None, True)
+    sheet.text(left + 10, top + 18, 'レジスタとボード', 11, INK, 'start', None, True)
     for place, (name, text) in enumerate((
             ('SCR', 'スキャンを始める。止まるまで SCAN が点灯する。'),
             ('BCR', 'ビット1、0 が転送レート、ビット4 がフル(1)とハーフ(0)。'),
@@ -202,7 +203,7 @@ def registers(sheet):
 def qda60(wide, half):
     name = 'QDA60_%s_%s' % ('HALF' if half else 'FULL', '16BIT' if wide else '8BIT')
     sheet = Sheet()
-    sheet.frame('QDA60', [('回線', HALF if half else FULL), ('バス', '16ビット' if wide else '8ビット'), ('基板', 'Center'),
+    sheet.frame('QDA60', [('回線', HALF if half else FULL), ('バス', '16ビット' if wide else '8ビット'), ('ボード', 'Center'),
                           ('図番', name)],
                 ['ケーブルは RXD1、RXD2 のどちらに差しても同じに働く。Rt は差した側にだけ付ける。',
                  'RESET を押すと、スキャンは止まり、レジスタは 0 に、BCR は 0013H になる。',

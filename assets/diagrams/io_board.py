@@ -42,6 +42,8 @@ def word(sheet, y, name, address, parts):
     sheet.text(left, y - 5, name, 10, INK, 'start', SANS, True)
     sheet.text(left + 30, y - 5, address, 10, SECOND)
     sheet.box(left, y, 16 * cell, 18, WHITE, FAINT, 1, 0)
+    if not parts:
+        sheet.text(left + 8 * cell, y + 13, 'なし', 9.5, SECOND, 'middle')
     for highest, lowest, text, fill in parts:
         x, wide = left + (15 - highest) * cell, (highest - lowest + 1) * cell
         sheet.box(x, y, wide, 18, fill, INK, 1, 0)
@@ -76,7 +78,7 @@ def port(sheet, mode, pattern):
     inputs = [place_of[bit] for bit in range(16) if pattern[15 - bit] == 'I' or (mode == 7 and bit in COUNTER_PINS)]
     if inputs:
         first = min(inputs)
-        sheet.vcc(first - 20, 454)
+        sheet.vcc(first - 20, 454, left=2)  # clear of the pin beside it
         sheet.wire((first - 20, 460), (max(inputs), 460))
     sheet.wire((20, 536), (place_of[0], 536))
     sheet.gnd(20, 536)
@@ -110,8 +112,8 @@ def settings_at_foot(sheet, pwm):
         blocks.setting_switches(sheet)
         return
     sheet.wire((538, CHIP_FOOT), (538, 490), (547, 490))
-    sheet.vcc(536, 454)
-    sheet.wire((536, 460), (547, 460))
+    sheet.vcc(558, 454)
+    sheet.wire((558, 460), (547, 460))
     sheet.resistor(547, 460, 490, '', 15)
     sheet.dot(547, 490)
     sheet.push(547, 490, 536)
@@ -192,8 +194,8 @@ def drive(sheet, mode):
     else:
         sheet.text(806, 395, 'M', 11, INK, 'middle', SANS, True)
         sheet.note(822, 380, 'モータ')
-        sheet.note(822, 394, '6 時計回り')
-        sheet.note(822, 408, '7 反時計')
+        sheet.text(822, 394, 'ビット6 CW', 9.5)
+        sheet.text(822, 407, 'ビット7 CCW', 9.5)
     sheet.text(764, 369, 'OUT1', 8.5, SECOND)
     sheet.text(764, 405, 'OUT2', 8.5, SECOND)
 
@@ -202,9 +204,9 @@ def qda52(mode, half):
     pattern = MODES[mode][1]
     pwm = mode >= 6
     remark = ('強さは DO のビット0-5、向きはビット6、7。両方 1 か両方 0 なら止まる。' if pwm
-              else 'LED は DO のビットが 1 のとき点灯する。')
+              else 'LED は DO のビットが 1 のとき点灯する。' if 'O' in pattern else 'DO を書いても、出るピンはない。')
     sheet = Sheet()
-    sheet.frame('QDA52', [('回線', HALF if half else FULL), ('IOS', '%d %s' % (mode, MODES[mode][0])), ('基板', 'Board-4'),
+    sheet.frame('QDA52', [('回線', HALF if half else FULL), ('IOS', '%d %s' % (mode, MODES[mode][0])), ('ボード', 'Board-4'),
                           ('図番', 'QDA52_IOS_%d' % mode)],
                 [HIGH_IS_OPEN if not pwm else 'スライダが 1 の側で接点は開、入力は H(1)。0 の側で閉、L(0)。', remark, AT_THE_ENDS,
                  'MON は、自分の SA が正しく訪ねられると点灯する。'])

@@ -113,7 +113,7 @@ def cascade_socket(sheet, fitted):
         sheet.text(833, 374, 'Board-3', 10, INK, 'middle', SANS, True)
         sheet.text(833, 391, 'カスケード・カード', 9.5, INK, 'middle')
         sheet.note(770, 349, 'フラットケーブル')
-        sheet.note(752, 418, 'SA はこの基板の SA + 1')
+        sheet.note(752, 418, 'SA は Board-2 の SA + 1')
     else:
         sheet.note(744, 366, 'カスケード・カード用')
         sheet.note(744, 381, '(空き) CSI は R38 で H')
@@ -131,7 +131,7 @@ def port(sheet):
 
 def qda41(half, nest, number):
     sheet = Sheet()
-    sheet.frame('QDA41', [('回線', HALF if half else FULL), ('カスケード', 'あり' if nest else 'なし'), ('基板', 'Board-2'),
+    sheet.frame('QDA41', [('回線', HALF if half else FULL), ('カスケード', 'あり' if nest else 'なし'), ('ボード', 'Board-2'),
                           ('図番', number)],
                 [HIGH_IS_OPEN, 'カウンタは、ボタンを離したときの立ち上がりで 1 つ進む。', AT_THE_ENDS,
                  '#SE が L のあいだ SE が点灯し、次の値は送れない。'])
@@ -148,7 +148,7 @@ def qda41(half, nest, number):
 def qda41_card():
     """The cascade card has neither line nor address switches: the chain of Board-2 brings both."""
     sheet = Sheet()
-    sheet.frame('QDA41', [('回線', 'なし (Board-2 につながる)'), ('カスケード', 'カード'), ('基板', 'Board-3'), ('図番', 'QDA41_NEST')],
+    sheet.frame('QDA41', [('回線', 'なし (Board-2 につながる)'), ('カスケード', 'カード'), ('ボード', 'Board-3'), ('図番', 'QDA41_NEST')],
                 [HIGH_IS_OPEN, 'カウンタは、ボタンを離したときの立ち上がりで 1 つ進む。',
                  'SA は Board-2 の SA + 1。クロックと転送レートも Board-2 と同じになる。',
                  'リセットは自分だけに効く。#SE が L のあいだ SE が点灯し、次の値は送れない。'])
@@ -179,7 +179,7 @@ def qda41_card():
 
 def qda73(half):
     sheet = Sheet()
-    sheet.frame('QDA73', [('回線', HALF if half else FULL), ('レート', 'BPS0、BPS1'), ('基板', 'Board-1'),
+    sheet.frame('QDA73', [('回線', HALF if half else FULL), ('レート', 'BPS0、BPS1'), ('ボード', 'Board-1'),
                           ('図番', 'QDA73_HALF' if half else 'QDA73_FULL')],
                 [HIGH_IS_OPEN, 'クロックは 48MHz のまま。転送レートは BPS0 と BPS1 で選ぶ。', AT_THE_ENDS,
                  'MON は、自分の SA が正しく訪ねられると点灯する。'])
@@ -200,9 +200,11 @@ def rate_switches(sheet):
     sheet.wire((622, 78), (xs[-1], 78))
     sheet.wire((628, 150), (xs[-1], 150))
     sheet.gnd(628, 150)
-    for x, y, name, number in ((xs[0], 100, 'BPS0', 49), (xs[1], 112, 'BPS1', 50)):
+    # As the sliders stand on the card: BPS1 on the left.
+    for x, y, name, number in ((xs[1], 100, 'BPS0', 49), (xs[0], 112, 'BPS1', 50)):
         sheet.right_pin(CHIP_RIGHT, y, name, number, x, name, 20)
-        sheet.resistor(x, 78, y, '', 14)
+        sheet.resistor(x, 78, 95, '', 13)
+        sheet.wire((x, 95), (x, y))
         sheet.dot(x, 78)
         sheet.dot(x, y)
         sheet.switch(x, y, 150, STRAP)

@@ -215,13 +215,12 @@ class Sheet(Canvas):
         self.box(x, y, 48, 56, WHITE)
         self.circle(x + 19, y + 24, 10, KNOB)
         self.path('M%s %s v-12 m-3.5 4 l3.5 -4.5 l3.5 4.5' % (n(x + 19), n(y + 30)), RED, 1.4)
-        self.text(x + 3, y + 51, name, 8.5, INK, 'start', None, True)
-        self.text(x + 24, y + 51, where, 8.5, INK)
+        self.text(x + 2, y + 51, name, 8.5, INK, 'start', None, True)
+        self.text(x + 23, y + 51, where, 8, INK)
         for pin_y, weight in pins:
             self.number(x + 45, pin_y + 3, weight, 'end')
-        self.wire((x - 12, y + 24), (x, y + 24))
-        self.wire((x - 12, y + 20), (x - 12, y + 24))
-        self.wire((x - 17, y + 20), (x - 7, y + 20), weight=1.5)
+        self.wire((x - 16, y + 20), (x - 16, y + 24), (x, y + 24))
+        self.wire((x - 21, y + 20), (x - 11, y + 20), weight=1.5)
         self.number(x - 4, y + 21, 'C', 'end')
 
     def test_point(self, x, y, name):

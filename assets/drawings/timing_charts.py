@@ -121,7 +121,7 @@ def grounds(drawing, capture, word):
 def instants(drawing, capture, word, bottom):
     """The dashed lines lie under the buses, the line of the capture runs over them."""
     drawing.text(14, 54, '時間 →', 12, SECOND)
-    named = sorted([(capture, '取り込み'), (DO_UPDATE, 'DO更新'), (ANSWER, '応答開始'), (RECEIPT, '受領')])
+    named = sorted([(capture, '取り込み'), (DO_UPDATE, 'DO更新'), (ANSWER, '返事の開始'), (RECEIPT, '受領')])
     for x, _ in named:
         if x != capture:
             drawing.line(x, 59, x, bottom, SECOND, 0.9, '5 3')
@@ -161,7 +161,7 @@ def waveforms(drawing, capture, word, strobe_notes):
     pulse(drawing, DI_STROBE, capture, capture + STROBE, 1, INPUT)
     drawing.text(capture - 7, DI_STROBE + 5, '取り込み ↓', 12, RED, anchor='end')
 
-    row_label(drawing, LATCH, 'DIラッチ', '応答するワード', INPUT, GOTHIC)
+    row_label(drawing, LATCH, 'DIラッチ', '返すワード', INPUT, GOTHIC)
     bus(drawing, LATCH, capture, INPUT, ((BEGIN + capture) / 2, '前のワード'), (522, word))
 
 

@@ -67,7 +67,7 @@ def waveform(page, x, y, word):
 
 def serial():
     page = Page('', 'シリアル入力　Board-2 と Board-3 の SHIFT')
-    steps = (('SHIFT', '値を送る', YOURS), ('局', '受けて待つ　SE 点灯', SCAN), ('コマンド 7、15', 'センターが取る', YOURS),
+    steps = (('SHIFT', '値を送る', YOURS), ('局', '受けて待つ　SE 点灯', SCAN), ('コマンド 7、15', '書いて取りに行く', YOURS),
              ('C7', '480H + 2n に届く', SCAN))
     for number, (who, what, colours) in enumerate(steps):
         x = 18 + 149 * number
@@ -136,7 +136,7 @@ def drive():
 
 ROWS = [
     ('SCR', '580H', 'どこまで回るか', 'あなた、上位を消すのはスキャン'),
-    ('SSR', '582H', 'どこにいるか、前の周の報告', 'スキャン'),
+    ('SSR', '582H', '次に訪ねる SA、前の周の報告', 'スキャン'),
     ('HPR', '584H', 'ハザード保護', 'あなた(2つのビットだけ)'),
     ('INT0R', '586H', '割り込み0 の許可と要求', '両方'),
     ('INT1R', '588H', '割り込み1 の許可と要求', '両方'),
@@ -158,8 +158,8 @@ def cc():
                              'FFFFH と打って Write を押す。メモリの 000H も、ほかのレジスタも変わらない。'])
     page.note(foot + 169, '16ビット', '16ビットのバスでは上位と下位を一度に書ける。8 bit を選べば片側だけ。', 76)
     page.note(foot + 186, '8ビット', '8ビットのバスでは片側ずつ。クリックした側の窓が開く。', 76)
-    page.text(MARGIN, foot + 204, '各レジスタの説明は、その値をダブルクリックすると、ひとりでに開く。', 12.5, SECOND)
-    page.legend([], 'チップ名 "QDA60 " は 590H から。Memory Read で読める')
+    page.text(MARGIN, foot + 204, 'この窓が開いていれば、書き込みの窓といっしょに、そのレジスタのページが出る。', 12.5, SECOND)
+    page.legend([], 'チップ名 "QDA60 " は 590H から。8ビットバスの Memory Read で読める')
     return page
 
 

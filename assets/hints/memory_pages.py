@@ -26,7 +26,7 @@ def memory_map():
         page.rect(18, y, 360, 21, WHITE, CARD_LINE, 2)
         page.rect(18, y, 5, 22, colour)
         page.text(30, y + 15, first, 12, INK, 'start', MONO, True)
-        page.text(70, y + 15, '-', 12, SECOND)
+        page.text(68, y + 15, '-', 12, SECOND, 'middle')
         page.text(78, y + 15, last, 12, INK, 'start', MONO, True)
         page.text(122, y + 15, name, 12.5)
         page.text(388, y + 15, writer, 12.5, SECOND)
@@ -34,7 +34,7 @@ def memory_map():
     page.card(18, 272, 287, ['SA n のワードは、先頭の番地 + 2 × n にある。', '偶数番地が下位バイト、奇数番地が上位バイト。',
                              'SA 2 なら、コントロール 004H、DO 084H、', 'DI 104H、C1 184H、DRC 504H。'], None, '局ごとに1ワード', height=102)
     page.card(315, 272, 287, ['Control、DO、DI：はじめから開く窓', 'C1～C7、DRC：Memory Window から開く',
-                              'レジスタ：Register Window', 'チップ名：Memory Read で 590H から読む'], None, '見える窓', height=102)
+                              'レジスタ：Register Window', 'チップ名：Memory Read (8ビットバスだけ)'], None, '見える窓', height=102)
     page.try_it(381, ['Board-2 (SA 2)の DI の 0 番をクリックする。', '100H + 2 × 2 = 104H が 0001H になる。'], 17)
     page.legend([], 'ビッグエンディアンのバスでは、偶数番地に上位バイトが見える')
     return page
@@ -52,9 +52,9 @@ def di_do_drc():
     for y, name in ((72, 'LED 16個'), (116, 'スイッチ 16個')):
         page.rect(462, y, 130, 34, WHITE, CARD_LINE, 3)
         page.text(527, y + 22, name, 12.5, INK, 'middle')
-    page.arrow(164, 89, 456, GREEN)
+    page.arrow(159, 89, 461, GREEN)
     page.text(310, 83, '① 呼びかけに DO をのせて送る', 12.5, INK, 'middle')
-    page.arrow(456, 133, 164, NET)
+    page.arrow(461, 133, 159, NET)
     page.text(310, 127, '② 返事に DI をのせて返す', 12.5, INK, 'middle')
     page.text(310, 150, '返事がなければ DI はそのまま、失敗が1つ数えられる', 12, SECOND, 'middle')
     page.card(18, 168, 287, ['呼びかけを聞いたボードが、すぐ LED に出す。', '返事が失敗しても、DO は届いている。',
@@ -126,7 +126,7 @@ def hazard():
                   12.5, SECOND)
     page.card(18, 234, 287, ['DO の下位を書いた直後にスキャンが来ると、', '新しい下位と古い上位が、局に届いてしまう。',
                              'DI も、読む合間に変わると食い違う。'], None, '保護がないと', height=84)
-    page.card(315, 234, 287, ['8ビットバスの、080H から 4FEH (読みは 4FFH)', 'コントロールワードと DRC は、そのまま届く。',
+    page.card(315, 234, 287, ['8ビットバスの 080H - 4FEH (読み取りは 4FFH)', 'コントロールワードと DRC は、そのまま届く。',
                               '16ビットで書くと、待っていたバイトは捨てられる。'], None, '効くところ', height=84)
     page.try_it(325, ['HOST CPU を 8bit-Bus Little にし、HPR の上位に 10H を書く。',
                       '083H に AAH を書くと、083H はまだ 00H で、HPR は 1100H になる。',

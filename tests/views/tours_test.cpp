@@ -20,7 +20,9 @@ std::vector<NaviRecord> toursOfIndex() {
 class Played : public Desk {
 protected:
     void startPlay(Eyes eyes = Eyes::open) {
-        giveFolder(naviData);
+        for (const fs::path& given : {naviData, fs::path(VRB_BIN "/HintData"), fs::path(VRB_BIN "/Kairozu")}) {
+            giveFolder(given);  // pictures give their windows the size that covers others
+        }
         startAtBench(withDump);
         player.emplace(*program, eyes);
     }
