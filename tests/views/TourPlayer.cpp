@@ -204,22 +204,14 @@ private:
     }
 
     void open(const Statement& s) {
-        constexpr int none = -1;
-        using Way = std::pair<Tool, int>;  // and the entry of the chooser
-        static const std::map<std::string, Way> ways{{"register", {Tool::registerWindow, none}},
-                                                     {"hint", {Tool::registerHint, none}},
-                                                     {"settings", {Tool::defaultSet, none}},
-                                                     {"version", {Tool::version, none}},
-                                                     {"chooser", {Tool::memoryWindow, none}},
-                                                     {"control", {Tool::memoryWindow, frmDumpSel::controlDoDi}},
-                                                     {"c1c7", {Tool::memoryWindow, frmDumpSel::c1ToC7}},
-                                                     {"drc", {Tool::memoryWindow, frmDumpSel::drc}},
-                                                     {"read", {Tool::memoryWindow, frmDumpSel::memoryRead}}};
-        ASSERT_TRUE(ways.contains(s.name)) << "the strip doesn't lead there";
-        const auto& [tool, entry] = ways.at(s.name);
-        click(program_.mainWindow().label(tool));
-        if (entry != none) {
-            click(program_.memory().chooser()->cmdAREA(entry));
+        using Label = std::pair<const std::string_view, Tool>;
+        static const std::map labels{Label{"register", Tool::registerWindow}, Label{"hint", Tool::registerHint},
+                                     Label{"settings", Tool::defaultSet}, Label{"version", Tool::version}};
+        constexpr std::array<std::string_view, 4> entries{"control", "c1c7", "drc", "read"};
+        click(program_.mainWindow().label(labels.contains(s.name) ? labels.at(s.name) : Tool::memoryWindow));
+        const auto entry = std::find(entries.begin(), entries.end(), s.name) - entries.begin();
+        if (entry < std::ssize(entries)) {
+            click(program_.memory().chooser()->cmdAREA(static_cast<int>(entry)));
         }
     }
 
@@ -311,8 +303,7 @@ private:
         program_.mainWindow().activateWindow();
     }
 
-    // --- the host CPU
-    // ------------------------------------------------------------------------------------------------------------
+    // --- the host CPU -------------------------------------------------------------------------------------------------------
 
     static void type(OvertypeField& field, const std::string& digits) {
         QTest::keyClick(&field, Qt::Key_Home);

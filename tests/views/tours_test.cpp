@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // The tours that come with the program, played from their first page to the last: what a page tells the learner to do is done,
 // and what it promises is checked. What is played stands in the third line of each page, which is never shown. The worked
-// values of the hint pages are played the same way.
+// values of the hint pages are played the same way, and so are the scenes of windows.play, which no tour comes to.
 
 #include "platform/textFile.h"
 #include "tests/views/desk.h"
@@ -118,5 +118,35 @@ TEST_F(Played, worked_values_of_the_hint_pages_hold) {
     }
     EXPECT_EQ(pages.size(), 16U) << "a page without a worked value";
 }
+
+// --- scenes on the windows ---------------------------------------------------------------------------------------------------
+
+struct Scene {
+    std::string name, text;
+};
+
+std::vector<Scene> scenesOfFile() {
+    std::vector<Scene> scenes;
+    std::ifstream file(VRB_ASSETS "/../tests/views/windows.play");
+    for (std::string line; std::getline(file, line);) {
+        if (line.starts_with('[')) {
+            scenes.push_back({line.substr(1, line.find(']') - 1), {}});
+        } else if (line.starts_with(' ')) {
+            scenes.back().text += line;
+        }
+    }
+    return scenes;
+}
+
+class Scenes : public Desk, public testing::WithParamInterface<Scene> {};
+
+TEST_P(Scenes, hold) {
+    giveFolder(VRB_BIN "/HintData");
+    startAtBench(withDump);
+    play(GetParam().text);
+    EXPECT_FALSE(player->checked().empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(, Scenes, testing::ValuesIn(scenesOfFile()), [](const auto& scene) { return scene.param.name; });
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include "boards/network.h"
 #include "boards/portPins.h"
 #include "boards/views/BenchLabel.h"
+#include "boards/views/frmOsiro.h"
 #include "platform/ImageList.h"
 #include "tests/views/desk.h"
 
@@ -250,6 +251,13 @@ void Windows::describeBench() {
     picBridge_DblClick(machine());
     bench().refresh();
     changes("with other addresses, clocks and duplex, without the cascade card");
+    for (const std::size_t group : {0U, 1U, 2U, 4U}) {
+        BenchPart& strobe = part("picSTB", 2 * group);
+        emit strobe.touched(&strobe, Touch::doubleClick);
+        const frmOsiro& chart = *program->bench().timingChartWindow();
+        line(2,
+             QStringLiteral("its strobe %1 opens chart %2 at ").arg(2 * group).arg(chart.chart()) + placeText(chart.geometry()));
+    }
     // Every part under the hand, but for those that lead to another window.
     for (BenchPart* part : bench().view().parts()) {
         const BenchPart::Reactions& on = part->reactions();
