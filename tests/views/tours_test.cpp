@@ -121,18 +121,16 @@ TEST_F(Played, worked_values_of_the_hint_pages_hold) {
 
 // --- scenes on the windows ---------------------------------------------------------------------------------------------------
 
-struct Scene {
-    std::string name, text;
-};
+using Scene = std::pair<std::string, std::string>;  // name and text
 
 std::vector<Scene> scenesOfFile() {
     std::vector<Scene> scenes;
     std::ifstream file(VRB_ASSETS "/../tests/views/windows.play");
     for (std::string line; std::getline(file, line);) {
         if (line.starts_with('[')) {
-            scenes.push_back({line.substr(1, line.find(']') - 1), {}});
+            scenes.emplace_back(line.substr(1, line.find(']') - 1), "");
         } else if (line.starts_with(' ')) {
-            scenes.back().text += line;
+            scenes.back().second += line;
         }
     }
     return scenes;
@@ -143,10 +141,10 @@ class Scenes : public Desk, public testing::WithParamInterface<Scene> {};
 TEST_P(Scenes, hold) {
     giveFolder(VRB_BIN "/HintData");
     startAtBench(withDump);
-    play(GetParam().text);
+    play(GetParam().second);
     EXPECT_FALSE(player->checked().empty());
 }
 
-INSTANTIATE_TEST_SUITE_P(, Scenes, testing::ValuesIn(scenesOfFile()), [](const auto& scene) { return scene.param.name; });
+INSTANTIATE_TEST_SUITE_P(, Scenes, testing::ValuesIn(scenesOfFile()), [](const auto& scene) { return scene.param.first; });
 
 }  // namespace
