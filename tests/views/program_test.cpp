@@ -5,7 +5,6 @@
 #include "boards/boardSet.h"
 #include "tests/views/desk.h"
 
-#include <QComboBox>
 #include <QMdiSubWindow>
 #include <QSignalSpy>
 
@@ -31,19 +30,16 @@ TEST_F(Running, each_run_mode_makes_its_ticks) {
     static constexpr std::int16_t full = 5000;
     const auto ticks = [this] { return full - std::exchange(machine().chkLed2Timer, full); };
     machine().chkLed2Timer = full;
-    struct Row {
-        RunModeIndex mode;
-        int ticksAtClick, ticksAFiring, interval, barWidth;
-    };
-    for (const Row& row :
+    using Row = std::array<int, 5>;
+    for (const auto& [mode, atClick, atFiring, interval, barWidth] :
          {Row{modeStop, 0, 0, 0, 9}, Row{modeSlow, 0, 1, 300, 9}, Row{modeOneTime, 1, 0, 0, 9}, Row{modeRun, 0, 67, 20, 51}}) {
-        SCOPED_TRACE(row.mode);
-        click(main().lblRunMode(row.mode));
-        EXPECT_EQ(ticks(), row.ticksAtClick);
+        SCOPED_TRACE(mode);
+        click(main().lblRunMode(mode));
+        EXPECT_EQ(ticks(), atClick);
         fire();
-        EXPECT_EQ(ticks(), row.ticksAFiring);
-        EXPECT_EQ(main().timTick().interval(), row.interval);
-        EXPECT_EQ(main().tickBar().width, row.barWidth);
+        EXPECT_EQ(ticks(), atFiring);
+        EXPECT_EQ(main().timTick().interval(), interval);
+        EXPECT_EQ(main().tickBar().width, barWidth);
     }
     ToolLabel& oneTime = main().lblRunMode(modeOneTime);
     batch::clicks(&oneTime, 2);
@@ -178,31 +174,6 @@ TEST_F(Hasty, a_button_that_closes_is_double_clicked) {
 }
 
 // --- restart -----------------------------------------------------------------------------------------------------------------
-
-TEST_F(Running, applied_settings_make_a_new_bench) {
-    startAtBench(withDump);
-    play("dblclick picSSB 0 ; set 090 0055 ; mode STOP ; open settings");
-    const frmHard* before = &bench();
-    frmDefault& dialog = *program->settings().dialog();
-    for (const auto& [list, item] : {std::pair{"cmbIOS", 7}, {"cmbSA0", 0x20}, {"cmbClockDEF41", 2}}) {
-        dialog.findChild<QComboBox*>(list)->setCurrentIndex(item);
-    }
-    using Box = std::pair<const char*, bool>;
-    for (const auto& [box, ticked] :
-         {Box{"chkCascade", false}, Box{"optHF1", true}, Box{"chkDef5", true}, Box{"chkDef2", false}}) {
-        dialog.findChild<QAbstractButton*>(box)->setChecked(ticked);
-    }
-    play(
-        "press settings = 今すぐ設定 ; hidden settings ; shown picPWM ; label lblClock 1 = 12MHz ; sa 2 21 ; hidden picBridge ; "
-        "image picSSB 0 = 3 ; image picJumper 0 = 2 ; hidden register ; shown c1c7 ; open register ; reg BCR 0003 ; open control "
-        "; mem 090 "
-        "0000");
-    EXPECT_NE(&bench(), before);
-    EXPECT_TRUE(main().lblRunMode(modeRun).isChecked() && machine().runMode == modeRun && machine().startupDone);
-    fire();
-    EXPECT_TRUE(machine().scanRunning);
-    EXPECT_EQ(machine().scanLastAddr, 4);
-}
 
 // Whatever a gesture has begun ends with the machine that it was meant for.
 TEST_F(Running, nothing_under_way_reaches_the_new_machine) {

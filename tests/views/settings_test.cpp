@@ -36,15 +36,6 @@ protected:
     }
     DialogValues inFile() { return loadDialog(ProfileFile(bytesOf(path))); }
 
-    const fs::path path = folder / "VRB_TS2.INI";
-    SettingsStore store{folder};
-    QSignalSpy answered{&store, &SettingsStore::answered};
-};
-
-// --- the dialog --------------------------------------------------------------------------------------------------------------
-
-class SettingsDialog : public Settings {
-protected:
     void open(const std::string& text = {}) {
         text.empty() ? static_cast<void>(fs::remove(path)) : put(path, text);
         dialog = std::make_unique<frmDefault>(store, &owner);
@@ -72,11 +63,14 @@ protected:
         return look;
     }
 
+    const fs::path path = folder / "VRB_TS2.INI";
+    SettingsStore store{folder};
+    QSignalSpy answered{&store, &SettingsStore::answered};
     QWidget owner;
     std::unique_ptr<frmDefault> dialog;
 };
 
-TEST_F(SettingsDialog, every_control_goes_to_its_key_and_back) {
+TEST_F(Settings, go_from_every_control_to_its_key_and_back) {
     int controls = 0;
     for (std::size_t row = 0; row < settings.size(); ++row) {
         SCOPED_TRACE(settings[row].key);
@@ -107,7 +101,7 @@ TEST_F(SettingsDialog, every_control_goes_to_its_key_and_back) {
     EXPECT_EQ(find<QComboBox>("cmbMode")->currentIndex(), 2) << "shown, and out of the learner's reach";
 }
 
-TEST_F(SettingsDialog, close_keeps_the_controls_and_the_close_box_forgets_them) {
+TEST_F(Settings, close_keeps_the_controls_and_the_close_box_forgets_them) {
     for (const bool escape : {true, false}) {
         open("[INIT]\nIOS-QDA52=3\n");
         QSignalSpy unloaded(dialog.get(), &frmDefault::unloaded);
@@ -122,7 +116,7 @@ TEST_F(SettingsDialog, close_keeps_the_controls_and_the_close_box_forgets_them) 
     }
 }
 
-TEST_F(SettingsDialog, return_presses_only_the_button_in_focus) {
+TEST_F(Settings, return_presses_only_the_button_in_focus) {
     open();
     ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
     QStringList walked;

@@ -78,11 +78,6 @@ TEST_F(Speaking, the_start_panel_stays_until_the_start_is_done) {
     panel.timTimer().fire();
     EXPECT_FALSE(panel.isVisible());
     EXPECT_EQ(closed.count(), 1);
-    frmVersion later(machine);
-    later.open();
-    EXPECT_FALSE(later.findChild<QWidget*>("picProgress")->isVisible());
-    click(*later.findChild<QLabel*>("Label2_3"));
-    EXPECT_FALSE(later.isVisible());
 }
 
 TEST_F(Speaking, timing_charts_1_to_8_differ_and_there_are_no_others) {
