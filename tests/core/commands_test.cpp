@@ -112,17 +112,4 @@ TEST(Commands, failed_visit_takes_nothing_and_does_not_step) {
     }
 }
 
-TEST(Commands, serial_data_shows_in_the_status_until_it_is_collected) {
-    Machine machine = offeringMachine();
-    machine.serialReady = {true, false, false, false};
-    setByte(machine, reg::scrLow, 4);
-    for (const auto& [command, status, ssrHigh] : Rows<3>{{0, 1, 2}, {0, 1, 0}, {7, 0, 0}, {0, 0, 0}}) {
-        setCommand(machine, 2, command);
-        ticks(machine, 4);
-        EXPECT_EQ(statusOf(machine, 2), status);
-        EXPECT_EQ(byteAt(machine, reg::ssrHigh), ssrHigh) << "only the first showing is reported";
-        EXPECT_EQ(statusOf(machine, 1) | statusOf(machine, 3) | statusOf(machine, 4), 0);
-    }
-}
-
 }  // namespace

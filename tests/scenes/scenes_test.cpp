@@ -1,0 +1,391 @@
+// SPDX-License-Identifier: Apache-2.0
+// Plays the scenes that lie beside this file: what is done to the bench, and what is then to be seen, step by step.
+//
+//   # a comment
+//   word := text             what the learner is told, for says:word; line ends and blanks are left out
+//   A scene at the left edge, which begins on the maker's bench
+//       its steps, in one line or more under it
+//
+//   x12   82                 so many ticks; one tick, after which SSR names the next station so
+//   THING:VALUE              the thing becomes so
+//   THING=VALUE              it is so
+//   picCLR_DblClick/4        a gesture, with its numbers
+//   SCR.L<04   100<12        the host CPU writes a register, or at a bus address: two digits a byte, four a word
+//   100>12m                  it reads, from memory, with "i" into the buffer, with "k" what the buffer keeps
+//   says:word   silent       what the last gesture or write told the learner
+//   keep   same              the memory is noted; it is still the same
+//
+// A THING is one of the tables below with its number behind it, or a place in memory: a register or its half (SCR, HPR.H), a
+// station's word (DO2, DI2, C1@2, C7@2, DRC2) or byte (CMD2, ST2), an address. Values are hexadecimal.
+
+#include "access/hexText.h"
+#include "access/memoryAccess.h"
+#include "boards/counters.h"
+#include "boards/network.h"
+#include "boards/portPins.h"
+#include "boards/serialInput.h"
+#include "boards/stationCheck.h"
+#include "core/pwmOutput.h"
+#include "tests/bench.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <map>
+#include <sstream>
+
+namespace {
+
+using Value = std::optional<int>;
+
+// --- things ----------------------------------------------------------------------------------------------------------------
+
+// What stands at a place, after it became `to`.
+template <typename T>
+int at(T& place, Value to) {
+    if (to) {
+        place = static_cast<T>(*to);
+    }
+    return static_cast<int>(place);
+}
+
+int wordAt(std::uint8_t* image, std::size_t word, Value to) {
+    const Value high = to ? Value(*to >> 8) : Value();
+    return at(image[2 * word], to) | at(image[2 * word + 1], high) << 8;
+}
+
+int pinLevels(Machine& machine, int slot) {
+    int word = 0;
+    for (int bit = 0; bit < 16; ++bit) {
+        word |= outputsOf(machine, slot)[bit].level ? 1 << bit : 0;
+    }
+    return word;
+}
+
+struct Thing {
+    const char* name;
+    int (*at)(Machine&, std::size_t number, Value to);
+};
+
+// Slots and links count from 1.
+constexpr std::array things{
+    Thing{"in", [](Machine& m, std::size_t slot, Value to) { return wordAt(m.diImage.data(), slot - 1, to); }},
+    Thing{"out", [](Machine& m, std::size_t slot, Value) { return static_cast<int>(latchOf(m, static_cast<int>(slot))); }},
+    Thing{"pins", [](Machine& m, std::size_t slot, Value) { return pinLevels(m, static_cast<int>(slot)); }},
+    Thing{"counter", [](Machine& m, std::size_t word, Value to) { return wordAt(m.counterImage.data(), word, to); }},
+    Thing{"serial", [](Machine& m, std::size_t slot, Value to) { return at(m.serialReady[slot - 1], to); }},
+    Thing{"handshake", [](Machine& m, std::size_t slot, Value to) { return at(m.picSSB[slot - 1].on, to); }},
+    Thing{"link",
+          [](Machine& m, std::size_t link, Value to) { return at(m.picBOARD2_RXD[linkConnector[link - 1]].plugged, to); }},
+    Thing{"card", [](Machine& m, std::size_t, Value to) { return at(m.picBridge.visible, to); }},
+    Thing{"rate", [](Machine& m, std::size_t board, Value to) { return at(m.boardClock[board], to); }},
+    Thing{"bus", [](Machine& m, std::size_t, Value to) { return at(m.cpuType, to); }},
+    Thing{"duplex", [](Machine& m, std::size_t, Value to) { return at(m.duplexBit, to); }},
+    Thing{"jumpers", [](Machine& m, std::size_t, Value) { return m.picJumperFull ? 16 : 0; }},
+    Thing{"mode", [](Machine& m, std::size_t, Value to) { return at(m.mode52, to); }},
+    Thing{"indicator", [](Machine& m, std::size_t, Value) { return m.picInt.visible ? m.intLedShown : 0; }},
+    Thing{"scanLed", [](Machine& m, std::size_t, Value to) { return at(m.picScanLed.lit, to); }},
+    Thing{"sa", [](Machine& m, std::size_t board, Value) { return int{m.boardSA[board]}; }},
+    Thing{"chart", [](Machine& m, std::size_t group, Value) { return timingChart(m, group); }},
+    Thing{"settings",
+          [](Machine& m, std::size_t, Value to) {
+              return at(m.cableConnectionDefault, to) & at(m.cascadeDefault, to) & at(m.transferDefault[0], to);
+          }},
+    Thing{"item",
+          [](Machine& m, std::size_t combo, Value) {
+              return int{std::array{m.cmbClock41, m.cmbClock52, m.cmbBPS73, m.cmbCPUType, m.cmbMode}[combo].listIndex};
+          }},
+    Thing{"reset", [](Machine& m, std::size_t button, Value) { return int{m.picReset[button].down}; }},
+    Thing{"clr", [](Machine& m, std::size_t button, Value) { return int{m.picCLR[button].down}; }},
+    Thing{"button", [](Machine& m, std::size_t button, Value) { return int{m.picCounter[button].down}; }},
+    Thing{"shifting", [](Machine& m, std::size_t slot, Value) { return int{m.picSerialInt[slot - 1].visible}; }},
+    Thing{"noise", [](Machine& m, std::size_t, Value) { return int{m.noiseBurst}; }},
+    Thing{"started", [](Machine& m, std::size_t, Value to) { return at(m.startupDone, to); }},
+};
+
+std::string lamps(const Machine& machine) {
+    std::string lit;
+    for (const auto& [name, led] : {std::pair{"+scan", machine.picScanLed},
+                                    {"+chk1", machine.picChkLED[0]},
+                                    {"+chk2", machine.picChkLED[1]},
+                                    {"+no1", machine.picMON_LED73},
+                                    {"+no4", machine.picMON_LED52},
+                                    {"+se1", machine.picSE[0]},
+                                    {"+se2", machine.picSE[1]}}) {
+        lit += led.lit ? name : "";
+    }
+    return lit.empty() ? "dark" : lit.substr(1);
+}
+
+// The links that are whole, the plugged connectors of the center, and the terminators that show: "123/0/04".
+std::string line(const Machine& machine) {
+    std::string text;
+    for (std::size_t link = 0; link < linkConnector.size(); ++link) {
+        text += machine.picBOARD2_RXD[linkConnector[link]].plugged ? std::to_string(link + 1) : "";
+    }
+    text += "/";
+    for (std::size_t number = 0; number < 2; ++number) {
+        text += machine.picBOARD1_RXD[number].plugged ? std::to_string(number) : "";
+    }
+    text += "/";
+    for (std::size_t number = 0; number < machine.picTermR.size(); ++number) {
+        text += machine.picTermR[number].visible ? std::to_string(number) : "";
+    }
+    return text;
+}
+
+std::string power(const Machine& machine) {
+    std::string bits;
+    for (const Led& bit : machine.picPower) {
+        bits.insert(bits.begin(), bit.lit ? '1' : '0');
+    }
+    return bits;
+}
+
+// The pins of Board No4, 15 to 0.
+std::string ios(const Machine& machine) {
+    std::string kinds;
+    for (std::size_t pin = 80; pin-- > 64;) {
+        kinds += !machine.picPI[pin].visible ? '*' : machine.picPI[pin].output ? 'O' : 'I';
+    }
+    return kinds;
+}
+
+const std::map<std::string, std::string (*)(const Machine&), std::less<>> looks{
+    {"power", power},
+    {"ios", ios},
+    {"lamp", [](const Machine& m) { return std::to_string(m.lampLevel); }},
+    {"interval", [](const Machine& m) { return std::to_string(m.timMotorInterval); }},
+    {"motor", [](const Machine& m) { return std::to_string(m.motorPhase * 100 + m.motorStep * 10 + m.motorCounter); }},
+    {"lamps", lamps},
+    {"line", line},
+    {"width", [](const Machine& m) { return std::to_string(formWidth(m)); }},
+    {"cable", [](const Machine& m) { return std::to_string(m.picCableUpTop); }},
+};
+
+// --- places in memory ------------------------------------------------------------------------------------------------------
+
+std::optional<int> addressOf(const std::string& name) {
+    constexpr std::array<std::pair<std::string_view, int>, 7> areas{{{"CMD", controlBase},
+                                                                     {"ST", controlBase + 1},
+                                                                     {"DO", doBase},
+                                                                     {"DI", diBase},
+                                                                     {"C1@", counterBase},
+                                                                     {"C7@", serialBase},
+                                                                     {"DRC", drcBase}}};
+    for (const auto& [area, base] : areas) {
+        if (name.starts_with(area)) {
+            return base + 2 * std::stoi(name.substr(area.size()));
+        }
+    }
+    if (const auto address = hexValue(regAddress(name.substr(0, name.find('.'))))) {
+        return *address + (name.ends_with(".H") ? 1 : 0);
+    }
+    return hexValue(name);
+}
+
+// --- gestures --------------------------------------------------------------------------------------------------------------
+
+// Stands for whatever number a rule takes.
+struct Argument {
+    int number = 0;
+    template <typename T>
+    operator T() const {  // NOLINT(google-explicit-constructor)
+        return static_cast<T>(number);
+    }
+};
+
+template <auto rule>
+Answer play(Machine& machine, Argument first, Argument second) {
+    const auto call = [&] {
+        if constexpr (std::is_invocable_v<decltype(rule), Machine&, Argument, Argument>) {
+            return rule(machine, first, second);
+        } else if constexpr (std::is_invocable_v<decltype(rule), Machine&, Argument>) {
+            return rule(machine, first);
+        } else {
+            return rule(machine);
+        }
+    };
+    if constexpr (std::is_same_v<decltype(call()), Answer>) {
+        return call();
+    } else {
+        call();
+        return {};
+    }
+}
+
+using Gesture = Answer (*)(Machine&, Argument, Argument);
+
+const std::map<std::string, Gesture, std::less<>> gestures{
+    {"picBOARD1_RXD_DblClick", play<picBOARD1_RXD_DblClick>},
+    {"picBOARD2_RXD_DblClick", play<picBOARD2_RXD_DblClick>},
+    {"picCableUp_Click", play<picCableUp_Click>},
+    {"picCableDn_Click", play<picCableDn_Click>},
+    {"picBridge_DblClick", play<picBridge_DblClick>},
+    {"picFConn_DblClick", play<picFConn_DblClick>},
+    {"picJumper_DblClick", play<picJumper_DblClick>},
+    {"picJumper_Answered", play<picJumper_Answered>},
+    {"picReset_DblClick", play<picReset_DblClick>},
+    {"picReset_MouseUp", play<picReset_MouseUp>},
+    {"picCLR_DblClick", play<picCLR_DblClick>},
+    {"picCLR_MouseUp", play<picCLR_MouseUp>},
+    {"picCounter_MouseDown", play<picCounter_MouseDown>},
+    {"picCounter_MouseUp", play<picCounter_MouseUp>},
+    {"picNoise_MouseDown", play<picNoise_MouseDown>},
+    {"picNoise_MouseUp", play<picNoise_MouseUp>},
+    {"picPI_Click", play<picPI_Click>},
+    {"picBPSS_DblClick", play<picBPSS_DblClick>},
+    {"picSDI_DblClick", play<picSDI_DblClick>},
+    {"cmbSA_LostFocus", play<cmbSA_LostFocus>},
+    {"cmbIOS_LostFocus", play<cmbIOS_LostFocus>},
+    {"cmbMode_LostFocus", play<cmbMode_LostFocus>},
+    {"cmbClock41_LostFocus", play<cmbClock41_LostFocus>},
+    {"cmbClock52_LostFocus", play<cmbClock52_LostFocus>},
+    {"cmbCPUType_LostFocus", play<cmbCPUType_LostFocus>},
+    {"beginShift", play<beginShift>},
+    {"cmbBPS73_LostFocus", play<cmbBPS73_LostFocus>},
+    {"endShift",
+     [](Machine& m, Argument index, Argument word) {
+         endShift(m, index, word.number < 0 ? "" : hexText(word, 4));
+         return Answer();
+     }},
+    {"timMotor_Timer", play<timMotor_Timer>},
+    {"setUpBench", play<setUpBench>},
+    {"registerWriteRefusal", play<registerWriteRefusal>},
+    {"memoryWriteRefusal", play<memoryWriteRefusal>},
+    {"picSSA_DblClick", play<picSSA_DblClick>},
+    {"picSSB_DblClick", play<picSSB_DblClick>},
+    {"resetRegisters", play<resetRegisters>},
+};
+
+// Title and text, without blanks and line ends.
+std::string toldBy(const Answer& answer) {
+    std::string text;
+    if (const auto* popup = std::get_if<Popup>(&answer)) {
+        text = popup->text;
+    } else if (const auto* warning = std::get_if<Warning>(&answer)) {
+        text = warning->title + ":" + warning->text + (warning->kind == Warning::Kind::okCancel ? "[OK/Cancel]" : "");
+    }
+    std::erase_if(text, [](char sign) { return sign == ' ' || sign == '\n'; });
+    return text;
+}
+
+// --- a scene ---------------------------------------------------------------------------------------------------------------
+
+using Words = std::map<std::string, std::string, std::less<>>;
+
+class Scene {
+public:
+    explicit Scene(const Words& words) : words_(words) {}
+
+    void does(const std::string& step) {
+        const auto sign = step.find_first_of(":=<>");
+        if (step == "keep") {
+            noted_ = machine_.chipMemory;
+        } else if (step == "same") {
+            EXPECT_TRUE(machine_.chipMemory == noted_);
+        } else if (step == "silent" || step.starts_with("says:")) {
+            EXPECT_EQ(toldBy(told_), step == "silent" ? "" : words_.at(step.substr(5)));
+        } else if (step[0] == 'x') {
+            ticks(machine_, std::stoi(step.substr(1)));
+        } else if (sign != std::string::npos) {
+            looksOrTouches(step.substr(0, sign), step[sign], step.substr(sign + 1));
+        } else if (step.size() == 2) {
+            ticks(machine_, 1);
+            EXPECT_EQ(hexText(memoryAt(machine_, reg::ssrLow), 2), step);
+        } else {
+            std::istringstream parts(step);
+            parts.unsetf(std::ios::basefield);  // 0x12AB is a number, too
+            std::string name;
+            Argument first;
+            Argument second;
+            std::getline(parts, name, '/') && parts >> first.number&& parts.ignore() && parts >> second.number;
+            told_ = gestures.at(name)(machine_, first, second);
+        }
+    }
+
+private:
+    void looksOrTouches(const std::string& name, char sign, const std::string& value) {
+        const auto digits = name.find_last_not_of("0123456789") + 1;
+        const auto* thing = std::find_if(things.begin(), things.end(),
+                                         [&](const Thing& candidate) { return candidate.name == name.substr(0, digits); });
+        if (sign == '<' || sign == '>') {
+            (sign == '<' ? told_ = write(name, value), true : read(name, value));
+        } else if (thing != things.end()) {
+            const std::size_t number = digits == name.size() ? 0 : std::stoul(name.substr(digits));
+            const int now = thing->at(machine_, number, sign == ':' ? Value(std::stoi(value, nullptr, 16)) : Value());
+            EXPECT_EQ(hexText(static_cast<unsigned>(now), static_cast<int>(value.size())), value);
+        } else if (looks.contains(name)) {
+            EXPECT_EQ(looks.at(name)(machine_), value);
+        } else {
+            const int address = addressOf(name).value();
+            const bool word = value.size() == 4;
+            if (sign == ':') {
+                word ? setMemoryWord(machine_, address, *hexValue(value)) : setByte(machine_, address, *hexValue(value));
+            }
+            const int now = word ? memoryWord(machine_, address) : byteAt(machine_, address);
+            EXPECT_EQ(hexText(static_cast<unsigned>(now), word ? 4 : 2), value);
+        }
+    }
+    Answer write(const std::string& place, const std::string& digits) {
+        const int address = addressOf(place).value();
+        const Width width = digits.size() == 4 ? Width::word : Width::byte;
+        if (std::isalpha(place[0]) != 0) {
+            return writeRegister(machine_, address & ~1, width, address % 2 != 0 ? Half::high : Half::low, digits);
+        }
+        // Through the cell that shows the address: columns count down on a little-endian bus.
+        const auto [row, base] = address < 0x180   ? std::pair{"00x", 0x000}
+                                 : address < 0x500 ? std::pair{"18x", 0x180}
+                                                   : std::pair{"50x", 0x500};
+        return writeMemory(machine_, row, bigEndian(machine_) ? address - base : (address - base) ^ 15, width, digits);
+    }
+    bool read(const std::string& address, const std::string& value) {
+        const auto found = readMemory(machine_, address);
+        const std::string guide = value[2] == 'm'   ? "メモリよりデータを取得しました。"
+                                  : value[2] == 'i' ? "リードテンポラリバッファにデータを格納しました。"
+                                                    : "リードテンポラリバッファからデータを取得しました。";
+        EXPECT_EQ(found, (ReadResult{static_cast<std::uint8_t>(*hexValue(value.substr(0, 2))), guide}));
+        return true;
+    }
+
+    Machine machine_ = makersMachine();
+    decltype(Machine::chipMemory) noted_{};
+    Answer told_;
+    const Words& words_;
+};
+
+class Scenes : public testing::TestWithParam<const char*> {};
+
+TEST_P(Scenes, happen_as_they_are_written) {
+    std::ifstream file(std::string(VRB_SCENES) + GetParam() + ".scene");
+    Words words;
+    std::optional<Scene> scene;
+    std::string title;
+    std::string text;
+    for (int number = 1; std::getline(file, text); ++number) {
+        const auto colon = text.find(" := ");
+        if (colon != std::string::npos) {
+            words[text.substr(0, colon)] = text.substr(colon + 4);
+        } else if (text.starts_with("    ")) {
+            std::istringstream steps(text);
+            for (std::string step; steps >> step;) {
+                SCOPED_TRACE(testing::Message() << "line " << number << ", " << title << ": " << step);
+                try {
+                    scene.value().does(step);
+                } catch (const std::exception& error) {
+                    ADD_FAILURE() << "is no step: " << error.what();
+                }
+            }
+        } else if (!text.empty() && text[0] != '#') {
+            title = text;
+            scene.emplace(words);
+        }
+    }
+    EXPECT_TRUE(scene) << "no scene at all";
+}
+
+INSTANTIATE_TEST_SUITE_P(Played, Scenes,
+                         testing::Values("scan", "failures", "interrupts", "host", "registers", "network", "boards", "cable"),
+                         [](const auto& file) { return std::string(file.param); });
+
+}  // namespace
