@@ -20,6 +20,7 @@
 
 #include "access/hexText.h"
 #include "access/memoryAccess.h"
+#include "aids/circuitDiagrams.h"
 #include "boards/counters.h"
 #include "boards/network.h"
 #include "boards/portPins.h"
@@ -62,48 +63,46 @@ int pinLevels(Machine& machine, int slot) {
     return word;
 }
 
-struct Thing {
-    const char* name;
-    int (*at)(Machine&, std::size_t number, Value to);
-};
+// The tables of things. Those that are numbers can be set.
+template <typename T>
+using Table = std::map<std::string, T, std::less<>>;
 
 // Slots and links count from 1.
-constexpr std::array things{
-    Thing{"in", [](Machine& m, std::size_t slot, Value to) { return wordAt(m.diImage.data(), slot - 1, to); }},
-    Thing{"out", [](Machine& m, std::size_t slot, Value) { return static_cast<int>(latchOf(m, static_cast<int>(slot))); }},
-    Thing{"pins", [](Machine& m, std::size_t slot, Value) { return pinLevels(m, static_cast<int>(slot)); }},
-    Thing{"counter", [](Machine& m, std::size_t word, Value to) { return wordAt(m.counterImage.data(), word, to); }},
-    Thing{"serial", [](Machine& m, std::size_t slot, Value to) { return at(m.serialReady[slot - 1], to); }},
-    Thing{"handshake", [](Machine& m, std::size_t slot, Value to) { return at(m.picSSB[slot - 1].on, to); }},
-    Thing{"link",
-          [](Machine& m, std::size_t link, Value to) { return at(m.picBOARD2_RXD[linkConnector[link - 1]].plugged, to); }},
-    Thing{"card", [](Machine& m, std::size_t, Value to) { return at(m.picBridge.visible, to); }},
-    Thing{"rate", [](Machine& m, std::size_t board, Value to) { return at(m.boardClock[board], to); }},
-    Thing{"bus", [](Machine& m, std::size_t, Value to) { return at(m.cpuType, to); }},
-    Thing{"duplex", [](Machine& m, std::size_t, Value to) { return at(m.duplexBit, to); }},
-    Thing{"jumpers", [](Machine& m, std::size_t, Value) { return m.picJumperFull ? 16 : 0; }},
-    Thing{"mode", [](Machine& m, std::size_t, Value to) { return at(m.mode52, to); }},
-    Thing{"indicator", [](Machine& m, std::size_t, Value) { return m.picInt.visible ? m.intLedShown : 0; }},
-    Thing{"scanLed", [](Machine& m, std::size_t, Value to) { return at(m.picScanLed.lit, to); }},
-    Thing{"sa", [](Machine& m, std::size_t board, Value) { return int{m.boardSA[board]}; }},
-    Thing{"chart", [](Machine& m, std::size_t group, Value) { return timingChart(m, group); }},
-    Thing{"settings",
-          [](Machine& m, std::size_t, Value to) {
-              return at(m.cableConnectionDefault, to) & at(m.cascadeDefault, to) & at(m.transferDefault[0], to);
-          }},
-    Thing{"item",
-          [](Machine& m, std::size_t combo, Value) {
-              return int{std::array{m.cmbClock41, m.cmbClock52, m.cmbBPS73, m.cmbCPUType, m.cmbMode}[combo].listIndex};
-          }},
-    Thing{"reset", [](Machine& m, std::size_t button, Value) { return int{m.picReset[button].down}; }},
-    Thing{"clr", [](Machine& m, std::size_t button, Value) { return int{m.picCLR[button].down}; }},
-    Thing{"button", [](Machine& m, std::size_t button, Value) { return int{m.picCounter[button].down}; }},
-    Thing{"shifting", [](Machine& m, std::size_t slot, Value) { return int{m.picSerialInt[slot - 1].visible}; }},
-    Thing{"noise", [](Machine& m, std::size_t, Value) { return int{m.noiseBurst}; }},
-    Thing{"started", [](Machine& m, std::size_t, Value to) { return at(m.startupDone, to); }},
+const Table<int (*)(Machine&, std::size_t number, Value to)> numbers{
+    {"in", [](Machine& m, std::size_t slot, Value to) { return wordAt(m.diImage.data(), slot - 1, to); }},
+    {"out", [](Machine& m, std::size_t slot, Value) { return static_cast<int>(latchOf(m, static_cast<int>(slot))); }},
+    {"pins", [](Machine& m, std::size_t slot, Value) { return pinLevels(m, static_cast<int>(slot)); }},
+    {"counter", [](Machine& m, std::size_t word, Value to) { return wordAt(m.counterImage.data(), word, to); }},
+    {"serial", [](Machine& m, std::size_t slot, Value to) { return at(m.serialReady[slot - 1], to); }},
+    {"handshake", [](Machine& m, std::size_t slot, Value to) { return at(m.picSSB[slot - 1].on, to); }},
+    {"link", [](Machine& m, std::size_t link, Value to) { return at(m.picBOARD2_RXD[linkConnector[link - 1]].plugged, to); }},
+    {"card", [](Machine& m, std::size_t, Value to) { return at(m.picBridge.visible, to); }},
+    {"rate", [](Machine& m, std::size_t board, Value to) { return at(m.boardClock[board], to); }},
+    {"bus", [](Machine& m, std::size_t, Value to) { return at(m.cpuType, to); }},
+    {"duplex", [](Machine& m, std::size_t, Value to) { return at(m.duplexBit, to); }},
+    {"jumpers", [](Machine& m, std::size_t, Value) { return m.picJumperFull ? 16 : 0; }},
+    {"mode", [](Machine& m, std::size_t, Value to) { return at(m.mode52, to); }},
+    {"indicator", [](Machine& m, std::size_t, Value) { return m.picInt.visible ? m.intLedShown : 0; }},
+    {"scanLed", [](Machine& m, std::size_t, Value to) { return at(m.picScanLed.lit, to); }},
+    {"sa", [](Machine& m, std::size_t board, Value) { return int{m.boardSA[board]}; }},
+    {"chart", [](Machine& m, std::size_t group, Value) { return timingChart(m, group); }},
+    {"settings",
+     [](Machine& m, std::size_t, Value to) {
+         return at(m.cableConnectionDefault, to) & at(m.cascadeDefault, to) & at(m.transferDefault[0], to);
+     }},
+    {"item",
+     [](Machine& m, std::size_t combo, Value) {
+         return int{std::array{m.cmbClock41, m.cmbClock52, m.cmbBPS73, m.cmbCPUType, m.cmbMode}[combo].listIndex};
+     }},
+    {"reset", [](Machine& m, std::size_t button, Value) { return int{m.picReset[button].down}; }},
+    {"clr", [](Machine& m, std::size_t button, Value) { return int{m.picCLR[button].down}; }},
+    {"button", [](Machine& m, std::size_t button, Value) { return int{m.picCounter[button].down}; }},
+    {"shifting", [](Machine& m, std::size_t slot, Value) { return int{m.picSerialInt[slot - 1].visible}; }},
+    {"noise", [](Machine& m, std::size_t, Value) { return int{m.noiseBurst}; }},
+    {"started", [](Machine& m, std::size_t, Value to) { return at(m.startupDone, to); }},
 };
 
-std::string lamps(const Machine& machine) {
+std::string lamps(const Machine& machine, std::size_t) {
     std::string lit;
     for (const auto& [name, led] : {std::pair{"+scan", machine.picScanLed},
                                     {"+chk1", machine.picChkLED[0]},
@@ -118,7 +117,7 @@ std::string lamps(const Machine& machine) {
 }
 
 // The links that are whole, the plugged connectors of the center, and the terminators that show: "123/0/04".
-std::string line(const Machine& machine) {
+std::string line(const Machine& machine, std::size_t) {
     std::string text;
     for (std::size_t link = 0; link < linkConnector.size(); ++link) {
         text += machine.picBOARD2_RXD[linkConnector[link]].plugged ? std::to_string(link + 1) : "";
@@ -134,7 +133,7 @@ std::string line(const Machine& machine) {
     return text;
 }
 
-std::string power(const Machine& machine) {
+std::string power(const Machine& machine, std::size_t) {
     std::string bits;
     for (const Led& bit : machine.picPower) {
         bits.insert(bits.begin(), bit.lit ? '1' : '0');
@@ -142,8 +141,14 @@ std::string power(const Machine& machine) {
     return bits;
 }
 
+// The picture and what is laid over it.
+std::string diagram(const Machine& machine, std::size_t number) {
+    const Diagram files = diagramFor(machine, static_cast<int>(number));
+    return files.picture + (files.overlay.empty() ? "" : "+" + files.overlay);
+}
+
 // The pins of Board No4, 15 to 0.
-std::string ios(const Machine& machine) {
+std::string ios(const Machine& machine, std::size_t) {
     std::string kinds;
     for (std::size_t pin = 80; pin-- > 64;) {
         kinds += !machine.picPI[pin].visible ? '*' : machine.picPI[pin].output ? 'O' : 'I';
@@ -151,16 +156,18 @@ std::string ios(const Machine& machine) {
     return kinds;
 }
 
-const std::map<std::string, std::string (*)(const Machine&), std::less<>> looks{
+const Table<std::string (*)(const Machine&, std::size_t number)> looks{
+    {"diagram", diagram},
     {"power", power},
     {"ios", ios},
-    {"lamp", [](const Machine& m) { return std::to_string(m.lampLevel); }},
-    {"interval", [](const Machine& m) { return std::to_string(m.timMotorInterval); }},
-    {"motor", [](const Machine& m) { return std::to_string(m.motorPhase * 100 + m.motorStep * 10 + m.motorCounter); }},
+    {"lamp", [](const Machine& m, std::size_t) { return std::to_string(m.lampLevel); }},
+    {"interval", [](const Machine& m, std::size_t) { return std::to_string(m.timMotorInterval); }},
+    {"motor",
+     [](const Machine& m, std::size_t) { return std::to_string(m.motorPhase * 100 + m.motorStep * 10 + m.motorCounter); }},
     {"lamps", lamps},
     {"line", line},
-    {"width", [](const Machine& m) { return std::to_string(formWidth(m)); }},
-    {"cable", [](const Machine& m) { return std::to_string(m.picCableUpTop); }},
+    {"width", [](const Machine& m, std::size_t) { return std::to_string(formWidth(m)); }},
+    {"cable", [](const Machine& m, std::size_t) { return std::to_string(m.picCableUpTop); }},
 };
 
 // --- places in memory ------------------------------------------------------------------------------------------------------
@@ -216,7 +223,7 @@ Answer play(Machine& machine, Argument first, Argument second) {
 
 using Gesture = Answer (*)(Machine&, Argument, Argument);
 
-const std::map<std::string, Gesture, std::less<>> gestures{
+const Table<Gesture> gestures{
     {"picBOARD1_RXD_DblClick", play<picBOARD1_RXD_DblClick>},
     {"picBOARD2_RXD_DblClick", play<picBOARD2_RXD_DblClick>},
     {"picCableUp_Click", play<picCableUp_Click>},
@@ -272,7 +279,7 @@ std::string toldBy(const Answer& answer) {
 
 // --- a scene ---------------------------------------------------------------------------------------------------------------
 
-using Words = std::map<std::string, std::string, std::less<>>;
+using Words = Table<std::string>;
 
 class Scene {
 public:
@@ -307,16 +314,17 @@ public:
 private:
     void looksOrTouches(const std::string& name, char sign, const std::string& value) {
         const auto digits = name.find_last_not_of("0123456789") + 1;
-        const auto* thing = std::find_if(things.begin(), things.end(),
-                                         [&](const Thing& candidate) { return candidate.name == name.substr(0, digits); });
-        if (sign == '<' || sign == '>') {
-            (sign == '<' ? told_ = write(name, value), true : read(name, value));
-        } else if (thing != things.end()) {
-            const std::size_t number = digits == name.size() ? 0 : std::stoul(name.substr(digits));
-            const int now = thing->at(machine_, number, sign == ':' ? Value(std::stoi(value, nullptr, 16)) : Value());
+        const std::string kind = name.substr(0, digits);
+        const std::size_t number = digits == name.size() ? 0 : std::stoul(name.substr(digits));
+        if (sign == '<') {
+            told_ = write(name, value);
+        } else if (sign == '>') {
+            read(name, value);
+        } else if (numbers.contains(kind)) {
+            const int now = numbers.at(kind)(machine_, number, sign == ':' ? Value(std::stoi(value, nullptr, 16)) : Value());
             EXPECT_EQ(hexText(static_cast<unsigned>(now), static_cast<int>(value.size())), value);
-        } else if (looks.contains(name)) {
-            EXPECT_EQ(looks.at(name)(machine_), value);
+        } else if (looks.contains(kind)) {
+            EXPECT_EQ(looks.at(kind)(machine_, number), value);
         } else {
             const int address = addressOf(name).value();
             const bool word = value.size() == 4;
@@ -339,13 +347,12 @@ private:
                                                    : std::pair{"50x", 0x500};
         return writeMemory(machine_, row, bigEndian(machine_) ? address - base : (address - base) ^ 15, width, digits);
     }
-    bool read(const std::string& address, const std::string& value) {
+    void read(const std::string& address, const std::string& value) {
         const auto found = readMemory(machine_, address);
         const std::string guide = value[2] == 'm'   ? "メモリよりデータを取得しました。"
                                   : value[2] == 'i' ? "リードテンポラリバッファにデータを格納しました。"
                                                     : "リードテンポラリバッファからデータを取得しました。";
         EXPECT_EQ(found, (ReadResult{static_cast<std::uint8_t>(*hexValue(value.substr(0, 2))), guide}));
-        return true;
     }
 
     Machine machine_ = makersMachine();
@@ -385,7 +392,8 @@ TEST_P(Scenes, happen_as_they_are_written) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Played, Scenes,
-                         testing::Values("scan", "failures", "interrupts", "host", "registers", "network", "boards", "cable"),
+                         testing::Values("scan", "failures", "interrupts", "host", "registers", "network", "boards", "cable",
+                                         "diagrams"),
                          [](const auto& file) { return std::string(file.param); });
 
 }  // namespace
