@@ -172,23 +172,19 @@ const Table<std::string (*)(const Machine&, std::size_t number)> looks{
 
 // --- places in memory ------------------------------------------------------------------------------------------------------
 
-std::optional<int> addressOf(const std::string& name) {
-    constexpr std::array<std::pair<std::string_view, int>, 7> areas{{{"CMD", controlBase},
-                                                                     {"ST", controlBase + 1},
-                                                                     {"DO", doBase},
-                                                                     {"DI", diBase},
-                                                                     {"C1@", counterBase},
-                                                                     {"C7@", serialBase},
-                                                                     {"DRC", drcBase}}};
-    for (const auto& [area, base] : areas) {
-        if (name.starts_with(area)) {
-            return base + 2 * std::stoi(name.substr(area.size()));
-        }
+// By station: the number behind the name.
+const Table<int> areas{{"CMD", 0x000}, {"ST", 0x001},  {"DO", 0x080},  {"DI", 0x100},  {"C1@", 0x180}, {"C2@", 0x200},
+                       {"C3@", 0x280}, {"C4@", 0x300}, {"C5@", 0x380}, {"C6@", 0x400}, {"C7@", 0x480}, {"DRC", 0x500}};
+
+int addressOf(const std::string& name) {
+    const auto digits = name.find_last_not_of("0123456789") + 1;
+    if (areas.contains(name.substr(0, digits))) {
+        return areas.at(name.substr(0, digits)) + 2 * std::stoi(name.substr(digits));
     }
     if (const auto address = hexValue(regAddress(name.substr(0, name.find('.'))))) {
         return *address + (name.ends_with(".H") ? 1 : 0);
     }
-    return hexValue(name);
+    return hexValue(name).value();
 }
 
 // --- gestures --------------------------------------------------------------------------------------------------------------
@@ -326,7 +322,7 @@ private:
         } else if (looks.contains(kind)) {
             EXPECT_EQ(looks.at(kind)(machine_, number), value);
         } else {
-            const int address = addressOf(name).value();
+            const int address = addressOf(name);
             const bool word = value.size() == 4;
             if (sign == ':') {
                 word ? setMemoryWord(machine_, address, *hexValue(value)) : setByte(machine_, address, *hexValue(value));
@@ -336,7 +332,7 @@ private:
         }
     }
     Answer write(const std::string& place, const std::string& digits) {
-        const int address = addressOf(place).value();
+        const int address = addressOf(place);
         const Width width = digits.size() == 4 ? Width::word : Width::byte;
         if (std::isalpha(place[0]) != 0) {
             return writeRegister(machine_, address & ~1, width, address % 2 != 0 ? Half::high : Half::low, digits);
@@ -393,7 +389,7 @@ TEST_P(Scenes, happen_as_they_are_written) {
 
 INSTANTIATE_TEST_SUITE_P(Played, Scenes,
                          testing::Values("scan", "failures", "interrupts", "host", "registers", "network", "boards", "cable",
-                                         "diagrams"),
+                                         "diagrams", "commands"),
                          [](const auto& file) { return std::string(file.param); });
 
 }  // namespace
