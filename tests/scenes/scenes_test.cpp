@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
-// Plays the scenes that lie beside this file: what is done to the bench, and what is then to be seen, step by step.
+// Plays the scenes that lie beside this file: what is done to the bench, and what is then to be seen, step by step. A file is a
+// test: ./test Cable plays Cable.scene.
 //
 //   # a comment
 //   word := text             what the learner is told, for says:word; line ends and blanks are left out
@@ -31,6 +32,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <filesystem>
 #include <fstream>
 #include <map>
 #include <sstream>
@@ -220,45 +223,46 @@ Answer play(Machine& machine, Argument first, Argument second) {
 using Gesture = Answer (*)(Machine&, Argument, Argument);
 
 const Table<Gesture> gestures{
+    {"beginShift", play<beginShift>},
+    {"cmbBPS73_LostFocus", play<cmbBPS73_LostFocus>},
+    {"cmbCPUType_LostFocus", play<cmbCPUType_LostFocus>},
+    {"cmbClock41_LostFocus", play<cmbClock41_LostFocus>},
+    {"cmbClock52_LostFocus", play<cmbClock52_LostFocus>},
+    {"cmbIOS_LostFocus", play<cmbIOS_LostFocus>},
+    {"cmbMode_LostFocus", play<cmbMode_LostFocus>},
+    {"cmbSA_LostFocus", play<cmbSA_LostFocus>},
+    {"memoryWriteRefusal", play<memoryWriteRefusal>},
     {"picBOARD1_RXD_DblClick", play<picBOARD1_RXD_DblClick>},
     {"picBOARD2_RXD_DblClick", play<picBOARD2_RXD_DblClick>},
-    {"picCableUp_Click", play<picCableUp_Click>},
-    {"picCableDn_Click", play<picCableDn_Click>},
+    {"picBPSS_DblClick", play<picBPSS_DblClick>},
     {"picBridge_DblClick", play<picBridge_DblClick>},
-    {"picFConn_DblClick", play<picFConn_DblClick>},
-    {"picJumper_DblClick", play<picJumper_DblClick>},
-    {"picJumper_Answered", play<picJumper_Answered>},
-    {"picReset_DblClick", play<picReset_DblClick>},
-    {"picReset_MouseUp", play<picReset_MouseUp>},
     {"picCLR_DblClick", play<picCLR_DblClick>},
     {"picCLR_MouseUp", play<picCLR_MouseUp>},
+    {"picCableDn_Click", play<picCableDn_Click>},
+    {"picCableUp_Click", play<picCableUp_Click>},
     {"picCounter_MouseDown", play<picCounter_MouseDown>},
     {"picCounter_MouseUp", play<picCounter_MouseUp>},
+    {"picFConn_DblClick", play<picFConn_DblClick>},
+    {"picJumper_Answered", play<picJumper_Answered>},
+    {"picJumper_DblClick", play<picJumper_DblClick>},
     {"picNoise_MouseDown", play<picNoise_MouseDown>},
     {"picNoise_MouseUp", play<picNoise_MouseUp>},
     {"picPI_Click", play<picPI_Click>},
-    {"picBPSS_DblClick", play<picBPSS_DblClick>},
+    {"picReset_DblClick", play<picReset_DblClick>},
+    {"picReset_MouseUp", play<picReset_MouseUp>},
     {"picSDI_DblClick", play<picSDI_DblClick>},
-    {"cmbSA_LostFocus", play<cmbSA_LostFocus>},
-    {"cmbIOS_LostFocus", play<cmbIOS_LostFocus>},
-    {"cmbMode_LostFocus", play<cmbMode_LostFocus>},
-    {"cmbClock41_LostFocus", play<cmbClock41_LostFocus>},
-    {"cmbClock52_LostFocus", play<cmbClock52_LostFocus>},
-    {"cmbCPUType_LostFocus", play<cmbCPUType_LostFocus>},
-    {"beginShift", play<beginShift>},
-    {"cmbBPS73_LostFocus", play<cmbBPS73_LostFocus>},
+    {"picSSA_DblClick", play<picSSA_DblClick>},
+    {"picSSB_DblClick", play<picSSB_DblClick>},
+    {"registerWriteRefusal", play<registerWriteRefusal>},
+    {"resetRegisters", play<resetRegisters>},
+    {"setUpBench", play<setUpBench>},
+    {"timMotor_Timer", play<timMotor_Timer>},
+    // A number below 0: the dialog is cancelled.
     {"endShift",
      [](Machine& m, Argument index, Argument word) {
          endShift(m, index, word.number < 0 ? "" : hexText(word, 4));
          return Answer();
      }},
-    {"timMotor_Timer", play<timMotor_Timer>},
-    {"setUpBench", play<setUpBench>},
-    {"registerWriteRefusal", play<registerWriteRefusal>},
-    {"memoryWriteRefusal", play<memoryWriteRefusal>},
-    {"picSSA_DblClick", play<picSSA_DblClick>},
-    {"picSSB_DblClick", play<picSSB_DblClick>},
-    {"resetRegisters", play<resetRegisters>},
 };
 
 // Title and text, without blanks and line ends.
@@ -297,12 +301,14 @@ public:
             ticks(machine_, 1);
             EXPECT_EQ(hexText(memoryAt(machine_, reg::ssrLow), 2), step);
         } else {
-            std::istringstream parts(step);
+            std::string text = step;
+            std::replace(text.begin(), text.end(), '/', ' ');
+            std::istringstream parts(text);
             parts.unsetf(std::ios::basefield);  // 0x12AB is a number, too
             std::string name;
             Argument first;
             Argument second;
-            std::getline(parts, name, '/') && parts >> first.number&& parts.ignore() && parts >> second.number;
+            parts >> name >> first.number >> second.number;
             told_ = gestures.at(name)(machine_, first, second);
         }
     }
@@ -325,7 +331,7 @@ private:
             const int address = addressOf(name);
             const bool word = value.size() == 4;
             if (sign == ':') {
-                word ? setMemoryWord(machine_, address, *hexValue(value)) : setByte(machine_, address, *hexValue(value));
+                (word ? setMemoryWord : setByte)(machine_, address, hexValue(value).value());
             }
             const int now = word ? memoryWord(machine_, address) : byteAt(machine_, address);
             EXPECT_EQ(hexText(static_cast<unsigned>(now), word ? 4 : 2), value);
@@ -345,10 +351,10 @@ private:
     }
     void read(const std::string& address, const std::string& value) {
         const auto found = readMemory(machine_, address);
-        const std::string guide = value[2] == 'm'   ? "メモリよりデータを取得しました。"
-                                  : value[2] == 'i' ? "リードテンポラリバッファにデータを格納しました。"
-                                                    : "リードテンポラリバッファからデータを取得しました。";
-        EXPECT_EQ(found, (ReadResult{static_cast<std::uint8_t>(*hexValue(value.substr(0, 2))), guide}));
+        const std::string guide = value.at(2) == 'm'   ? "メモリよりデータを取得しました。"
+                                  : value.at(2) == 'i' ? "リードテンポラリバッファにデータを格納しました。"
+                                                       : "リードテンポラリバッファからデータを取得しました。";
+        EXPECT_EQ(found, (ReadResult{static_cast<std::uint8_t>(hexValue(value.substr(0, 2)).value()), guide}));
     }
 
     Machine machine_ = makersMachine();
@@ -357,10 +363,10 @@ private:
     const Words& words_;
 };
 
-class Scenes : public testing::TestWithParam<const char*> {};
+class Scenes : public testing::TestWithParam<std::string> {};
 
 TEST_P(Scenes, happen_as_they_are_written) {
-    std::ifstream file(std::string(VRB_SCENES) + GetParam() + ".scene");
+    std::ifstream file(VRB_SCENES + GetParam() + ".scene");
     Words words;
     std::optional<Scene> scene;
     std::string title;
@@ -369,7 +375,7 @@ TEST_P(Scenes, happen_as_they_are_written) {
         const auto colon = text.find(" := ");
         if (colon != std::string::npos) {
             words[text.substr(0, colon)] = text.substr(colon + 4);
-        } else if (text.starts_with("    ")) {
+        } else if (text.starts_with(' ')) {
             std::istringstream steps(text);
             for (std::string step; steps >> step;) {
                 SCOPED_TRACE(testing::Message() << "line " << number << ", " << title << ": " << step);
@@ -387,9 +393,17 @@ TEST_P(Scenes, happen_as_they_are_written) {
     EXPECT_TRUE(scene) << "no scene at all";
 }
 
-INSTANTIATE_TEST_SUITE_P(Played, Scenes,
-                         testing::Values("scan", "failures", "interrupts", "host", "registers", "network", "boards", "cable",
-                                         "diagrams", "commands"),
-                         [](const auto& file) { return std::string(file.param); });
+std::vector<std::string> sceneFiles() {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(VRB_SCENES)) {
+        if (entry.path().extension() == ".scene") {
+            names.push_back(entry.path().stem().string());
+        }
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+INSTANTIATE_TEST_SUITE_P(Played, Scenes, testing::ValuesIn(sceneFiles()), [](const auto& file) { return file.param; });
 
 }  // namespace
