@@ -37,6 +37,7 @@ TEST(Restart, leaves_the_bench_as_a_start_does_and_speaks_no_warning_meanwhile) 
         const auto takeSettings = [setting](Machine& machine) {
             Mdef_Set(machine);
             machine.cableConnectionDefault = machine.cascadeDefault = machine.transferDefault[0] = setting;
+            machine.mode52 = 2;
         };
         Machine fresh;
         takeSettings(fresh);

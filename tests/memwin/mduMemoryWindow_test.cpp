@@ -127,6 +127,7 @@ TEST(DumpLayout, places_columns_and_wedges_by_twips) {
         EXPECT_EQ(columnLeft(ByteView::word, column), wordView);
     }
     EXPECT_EQ(layoutByte.windowWidth - layoutWord.windowWidth, byteToWordShift);
+    EXPECT_TRUE(wedgeBase(false).left == 540 && wedgeBase(true).right == 4320);
     for (const auto& [big, high, line, left, right] :
          {Row<5>{0, 0, 6, 900, 960}, Row<5>{0, 1, 1, 2580, 2940}, Row<5>{1, 0, 6, 1980, 1980}, Row<5>{1, 1, 1, 3960, 4260}}) {
         const WedgeLine wedge = wedgeLine(big != 0, high != 0, line);
