@@ -5,7 +5,7 @@
 //   # a comment
 //   word := text             what the learner is told, for says:word; line ends and blanks are left out
 //   A scene at the left edge, which begins on the maker's bench
-//       its steps, in one line or more under it
+//       its steps under it          on the left what is done, on the right what is then to be seen
 //
 //   x12   82                 so many ticks; one tick, after which SSR names the next station so
 //   THING:VALUE              the thing becomes so
