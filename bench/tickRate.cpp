@@ -14,7 +14,7 @@
 
 int main(int argc, char** argv) {
     const QApplication application(argc, argv);
-    look::applyTo(*qApp);
+    look::applyTo();
     const int seconds = QApplication::arguments().value(1, "60").toInt();
 
     Machine machine = scanningMachine();

@@ -7,7 +7,8 @@ endif()
 # Pictures: every drawing of a set, by hand or by script, is rendered when building, at 1x, 2x and 3x, and goes into the resources
 # of a library as :/images/<drawing>-<number>[@2x|@3x].argb.
 function(vrb_images target set)
-  set(pictures "")
+  set(plain "")
+  set(packed "")
   vrb_draw(${set} drawn)
   file(GLOB by_script ${drawn}/*.svg)
   file(GLOB by_hand CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/assets/${set}/*.svg)
@@ -20,9 +21,10 @@ function(vrb_images target set)
     get_filename_component(name ${drawing} NAME_WE)
     set(made "")
     foreach(number RANGE 1 ${count})
-      foreach(suffix IN ITEMS "" "@2x" "@3x")
-        list(APPEND made ${CMAKE_CURRENT_BINARY_DIR}/images/${name}-${number}${suffix}.argb)
-      endforeach()
+      set(picture ${CMAKE_CURRENT_BINARY_DIR}/images/${name}-${number})
+      list(APPEND plain ${picture}.argb)
+      list(APPEND packed ${picture}@2x.argb ${picture}@3x.argb)
+      list(APPEND made ${picture}.argb ${picture}@2x.argb ${picture}@3x.argb)
     endforeach()
     add_custom_command(
       OUTPUT ${made}
@@ -31,22 +33,24 @@ function(vrb_images target set)
       DEPENDS ${drawing} renderImages
       COMMENT "Rendering ${name}"
       VERBATIM)
-    list(APPEND pictures ${made})
   endforeach()
-  qt_add_resources(${target} "images" PREFIX "/images" BASE ${CMAKE_CURRENT_BINARY_DIR}/images FILES ${pictures})
+  # Those of the usual size are painted from where they lie: unpacking them would be a tenth of the start.
+  set(where PREFIX "/images" BASE ${CMAKE_CURRENT_BINARY_DIR}/images)
+  qt_add_resources(${target} "images" ${where} FILES ${plain} OPTIONS --no-compress)
+  qt_add_resources(${target} "images_high_resolution" ${where} FILES ${packed})
 endfunction()
 
 # The program's own icon, from the one drawing: square pictures of the usual sizes, and the containers that Windows and macOS
-# want. They lie in icons/; those that a window may show go into the resources of a library as :/icons/appIcon-<size>.png.
+# want. They lie in icons/; those that a window may show go into the resources of a library as :/icons/appIcon-<size>.argb.
 set(vrb_icon_sizes 16 22 24 32 48 64 128 256 512)
 function(vrb_icons target drawing)
   set(folder ${CMAKE_CURRENT_BINARY_DIR}/icons)
   set(made ${folder}/appIcon.ico ${folder}/appIcon.icns)
   set(shown "")
   foreach(size IN LISTS vrb_icon_sizes)
-    list(APPEND made ${folder}/appIcon-${size}.png)
+    list(APPEND made ${folder}/appIcon-${size}.png ${folder}/appIcon-${size}.argb)
     if(size LESS_EQUAL 128)
-      list(APPEND shown ${folder}/appIcon-${size}.png)
+      list(APPEND shown ${folder}/appIcon-${size}.argb)
     endif()
   endforeach()
   add_custom_command(
@@ -56,7 +60,7 @@ function(vrb_icons target drawing)
     DEPENDS ${drawing} renderImages
     COMMENT "Rendering the icons"
     VERBATIM)
-  qt_add_resources(${target} "icons" PREFIX "/icons" BASE ${folder} FILES ${shown})
+  qt_add_resources(${target} "icons" PREFIX "/icons" BASE ${folder} FILES ${shown} OPTIONS --no-compress)
   add_custom_target(icons DEPENDS ${made})
   # Two targets want the same files: make lets only one of them render.
   add_dependencies(${target} icons)

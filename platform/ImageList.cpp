@@ -9,27 +9,41 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 
 namespace {
 
 constexpr QPoint pointerTip{4, 3};
 constexpr int largestScale = 3;
 
-// The resource holds plain pixels, written when building: width, height, then premultiplied ARGB, all low byte first. A decoder
-// of pictures would take a quarter of the program's start. Null if there is no such resource.
+// The resource holds plain pixels, written when building: width, height, whether nothing shines through, then premultiplied ARGB,
+// all low byte first. A decoder of pictures would take a quarter of the program's start. Pictures of the usual size are not even
+// packed: they are painted from where the program lies in memory. Null if there is no such resource.
 QPixmap plainPicture(const QString& path) {
-    constexpr qsizetype headSize = 8;
-    const QByteArray bytes = QResource(path).uncompressedData();
+    constexpr qsizetype headSize = 12;
+    const QResource resource(path);
+    const bool packed = resource.compressionAlgorithm() != QResource::NoCompression;
+    const QByteArray bytes = packed ? resource.uncompressedData()
+                                    : QByteArray::fromRawData(reinterpret_cast<const char*>(resource.data()), resource.size());
     if (bytes.size() < headSize) {
         return {};
     }
-    const QSize size(qFromLittleEndian<qint32>(bytes.constData()), qFromLittleEndian<qint32>(bytes.constData() + 4));
+    const auto word = [&bytes](qsizetype number) { return qFromLittleEndian<qint32>(bytes.constData() + 4 * number); };
+    const QSize size(word(0), word(1));
+    const QImage::Format format = word(2) != 0 ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied;
     if (bytes.size() != headSize + qsizetype{4} * size.width() * size.height()) {
         return {};
     }
-    QImage picture(size, QImage::Format_ARGB32_Premultiplied);
-    qFromLittleEndian<QRgb>(bytes.constData() + headSize, qsizetype{size.width()} * size.height(), picture.bits());
-    return QPixmap::fromImage(std::move(picture));
+    const char* pixels = bytes.constData() + headSize;
+    const bool asTheyLie =
+        !packed && QSysInfo::ByteOrder == QSysInfo::LittleEndian && reinterpret_cast<std::uintptr_t>(pixels) % sizeof(QRgb) == 0;
+    if (asTheyLie) {
+        const QImage lying(reinterpret_cast<const uchar*>(pixels), size.width(), size.height(), format);
+        return QPixmap::fromImage(lying, Qt::NoOpaqueDetection);
+    }
+    QImage picture(size, format);
+    qFromLittleEndian<QRgb>(pixels, qsizetype{size.width()} * size.height(), picture.bits());
+    return QPixmap::fromImage(std::move(picture), Qt::NoOpaqueDetection);
 }
 
 }  // namespace
@@ -60,7 +74,7 @@ QCursor doubleClickPointer() {
 QIcon programIcon() {
     QIcon icon;
     for (const QString& name : QDir(QStringLiteral(":/icons")).entryList()) {
-        icon.addFile(QStringLiteral(":/icons/") + name);
+        icon.addPixmap(plainPicture(QStringLiteral(":/icons/") + name));
     }
     return icon;
 }

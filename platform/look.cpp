@@ -1,17 +1,30 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/look.h"
 
+#include "platform/HouseStyle.h"
+
 #include <QApplication>
 #include <QDir>
 #include <QFontDatabase>
+#include <QPainter>
 #include <QPalette>
-#include <QStyleFactory>
+#include <QToolTip>
+#include <QWidget>
+
+#include <algorithm>
 
 namespace look {
 
 namespace {
 
-// The first family of a list that the desktop has is taken: Debian's first, then those of Windows and macOS.
+// The first family of a list that this machine has. Naming the others to Qt as well would have it look for substitutes of each
+// font before the first letter needs one.
+QString present(const QStringList& families) {
+    const auto found =
+        std::find_if(families.begin(), families.end(), [](const QString& name) { return QFontDatabase::hasFamily(name); });
+    return found != families.end() ? *found : families.front();
+}
+
 QFont fontOf(const QStringList& families, int pixelSize, bool fixed = false) {
     QFont font;
     font.setFamilies(families);
@@ -23,61 +36,41 @@ QFont fontOf(const QStringList& families, int pixelSize, bool fixed = false) {
     return font;
 }
 
-constexpr const char* styleSheet = R"(
-    QMainWindow, QDialog, #frmRegister { background: #eef2f0; }
-    QWidget#ToolBox { background: #e4eae7; border-bottom: 1px solid #c3cfc9; }
-    ToolLabel {
-        background: #fbfdfc; color: #1d2a30; border: 1px solid #a9b8b1; border-radius: 4px; padding: 0 10px;
-        min-height: 26px; max-height: 26px;
-    }
-    ToolLabel:hover { background: #e4f1e9; border-color: #1f7348; }
-    ToolLabel:pressed { background: #cfe4d8; }
-    ToolLabel:focus { border: 2px solid #1c5fb0; padding: 0 9px; min-height: 24px; max-height: 24px; }
-    ToolLabel[windowOpen="true"] { border-bottom: 3px solid #1f7348; min-height: 24px; max-height: 24px; }
-    ToolLabel[tinted="true"] { background: #d9efe1; border-color: #9ccab2; font-weight: bold; }
-    ToolLabel[runMode="true"] {
-        background: #ffffc0; border: 1px solid #b9ab72; border-radius: 4px; padding: 0;
-        min-height: 18px; max-height: 18px; min-width: 47px; max-width: 47px;
-    }
-    ToolLabel[runMode="true"]:focus {
-        border: 2px solid #1c5fb0; min-height: 16px; max-height: 16px; min-width: 45px; max-width: 45px;
-    }
-    ToolLabel[runMode="true"]:checked {
-        background: #ffa080; border: 2px solid #a8481f; font-weight: bold;
-        min-height: 16px; max-height: 16px; min-width: 45px; max-width: 45px;
-    }
-    ToolLabel[runMode="true"]:checked:focus { border-color: #1c5fb0; }
-    QPushButton[dialogButton="true"] {
-        background: #fbfdfc; border: 1px solid #8fa098; border-radius: 4px; min-width: 74px; min-height: 24px;
-    }
-    QPushButton[dialogButton="true"]:default { background: #d9efe1; border-color: #1f7348; font-weight: bold; }
-    QPushButton[dialogButton="true"]:hover { border-color: #1f7348; }
-    QPushButton[dialogButton="true"]:pressed { background: #c3dccf; }
-    QPushButton[dialogButton="true"]:focus { border: 2px solid #1c5fb0; min-width: 72px; min-height: 22px; }
-    QPushButton[viewButton="true"] { background: #fbfdfc; border: 1px solid #a9b8b1; border-radius: 3px; padding: 0; }
-    QPushButton[viewButton="true"]:checked { background: #d9efe1; border: 1px solid #1f7348; font-weight: bold; }
-    QPushButton[viewButton="true"]:focus { border: 2px solid #1c5fb0; }
-    QComboBox { combobox-popup: 0; }
-    QToolTip { background: #ffffcc; color: #1d2a30; border: 1px solid #8a7a2a; padding: 2px 4px; }
-)";
+// Debian's families first, then those of Windows and macOS.
+const QString& japanese() {
+    static const QString family =
+        present({"IPAPGothic", "Yu Gothic UI", "Meiryo", "MS PGothic", "Hiragino Sans", "Noto Sans CJK JP", "DejaVu Sans"});
+    return family;
+}
 
 }  // namespace
 
 QFont interfaceFont(int pixelSize) {
-    return fontOf({"DejaVu Sans", "Segoe UI", "Helvetica Neue", "IPAPGothic", "Yu Gothic UI", "Hiragino Sans"}, pixelSize);
+    static const QStringList families{present({"DejaVu Sans", "Segoe UI", "Helvetica Neue"}), japanese()};
+    return fontOf(families, pixelSize);
 }
 
 QFont textFont(int pixelSize) {
-    return fontOf({"IPAPGothic", "Yu Gothic UI", "Meiryo", "MS PGothic", "Hiragino Sans", "Noto Sans CJK JP", "DejaVu Sans"},
-                  pixelSize);
+    return fontOf({japanese()}, pixelSize);
 }
 
 QFont columnFont(int pixelSize) {
-    return fontOf({"IPAGothic", "MS Gothic", "Osaka-Mono", "Noto Sans Mono CJK JP", "DejaVu Sans Mono"}, pixelSize, true);
+    static const QStringList families{
+        present({"IPAGothic", "MS Gothic", "Osaka-Mono", "Noto Sans Mono CJK JP", "DejaVu Sans Mono"})};
+    return fontOf(families, pixelSize, true);
 }
 
 QFont hexFont(int pixelSize) {
-    return fontOf({"DejaVu Sans Mono", "Consolas", "Menlo"}, pixelSize, true);
+    static const QStringList families{present({"DejaVu Sans Mono", "Consolas", "Menlo"})};
+    return fontOf(families, pixelSize, true);
+}
+
+QFont printFont(int pixelSize) {
+    static const QStringList families{present({"DejaVu Sans Condensed", "DejaVu Sans", "Segoe UI", "Helvetica Neue"})};
+    QFont font = fontOf(families, pixelSize);
+    font.setStretch(QFont::SemiCondensed);
+    font.setBold(true);
+    return font;
 }
 
 void addFonts(const QString& folder) {
@@ -91,8 +84,31 @@ bool japaneseFontFound() {
     return !QFontDatabase::families(QFontDatabase::Japanese).isEmpty();
 }
 
-void applyTo(QApplication& application) {
-    QApplication::setStyle(QStyleFactory::create("Fusion"));
+void paintPanel(QPainter& painter, QRectF place, QRgb fill, QRgb line, int radius, int lineWidth) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing, radius != 0);
+    painter.setPen(QPen(QColor::fromRgb(line), lineWidth));
+    painter.setBrush(QColor::fromRgb(fill));
+    const double inset = lineWidth / 2.0;
+    painter.drawRoundedRect(place.adjusted(inset, inset, -inset, -inset), radius - inset, radius - inset);
+    painter.restore();
+}
+
+void setInk(QWidget& widget, QRgb colour) {
+    QPalette palette = widget.palette();
+    palette.setColor(QPalette::WindowText, QColor::fromRgb(colour));
+    widget.setPalette(palette);
+}
+
+void setGround(QWidget& widget, QRgb ground) {
+    QPalette palette = widget.palette();
+    palette.setColor(QPalette::Window, QColor::fromRgb(ground));
+    widget.setPalette(palette);
+    widget.setAutoFillBackground(true);
+}
+
+void applyTo() {
+    QApplication::setStyle(new HouseStyle);
     // Made of these colours alone: a role that is left out would come from the desktop, light on light under a dark theme.
     QPalette palette(QColor::fromRgb(toolStrip), QColor::fromRgb(windowFace));
     for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}) {
@@ -110,8 +126,8 @@ void applyTo(QApplication& application) {
         palette.setColor(QPalette::Disabled, role, QColor::fromRgb(faint));
     }
     QApplication::setPalette(palette);
+    QToolTip::setPalette(palette);
     QApplication::setFont(interfaceFont());
-    application.setStyleSheet(styleSheet);
 }
 
 }  // namespace look

@@ -6,7 +6,9 @@
 #include <QColor>
 #include <QFont>
 
-class QApplication;
+class QPainter;
+class QRectF;
+class QWidget;
 
 namespace look {
 
@@ -18,6 +20,8 @@ QFont textFont(int pixelSize = 13);
 QFont columnFont(int pixelSize = 13);
 // Hexadecimal and bits.
 QFont hexFont(int pixelSize = 13);
+// Print on the parts and cards, bold and condensed so that it fits at a legible size.
+QFont printFont(int pixelSize);
 
 inline constexpr QRgb ink = 0xff1d2a30;
 inline constexpr QRgb secondInk = 0xff55636a;
@@ -29,6 +33,8 @@ inline constexpr QRgb windowFace = 0xffeef2f0;
 inline constexpr QRgb zebra = 0xfff5f8f6;
 inline constexpr QRgb popupFace = 0xffffffcc;
 inline constexpr QRgb popupLine = 0xff8a7a2a;
+inline constexpr QRgb hairline = 0xffc3cfc9;
+inline constexpr QRgb focusLine = 0xff1c5fb0;
 inline constexpr QRgb changed = 0xffff0000;
 inline constexpr QRgb unchanged = 0xff000000;
 
@@ -39,7 +45,13 @@ void addFonts(const QString& folder);
 // Whether the desktop has any font with Japanese characters; without one they come out as empty boxes.
 bool japaneseFontFound();
 
-// Palette and style sheet of the program: the same on a dark desktop as on a light one.
-void applyTo(QApplication& application);
+// A filled ground with a line inside its edge; `radius` of its corners in pixels.
+void paintPanel(QPainter& painter, QRectF place, QRgb fill, QRgb line, int radius = 0, int lineWidth = 1);
+// The colour of a label's letters, of a widget's ground.
+void setInk(QWidget& widget, QRgb colour);
+void setGround(QWidget& widget, QRgb ground);
+
+// Style, palette and font of the application: the same on a dark desktop as on a light one.
+void applyTo();
 
 }  // namespace look

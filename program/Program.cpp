@@ -56,6 +56,8 @@ void Program::runNextStep() {
     }
     if (steps_.empty()) {
         emit started();
+        // Behind the windows: asking for the device can take longer than all of them. Until then the system beeps.
+        QMetaObject::invokeMethod(this, &Program::openSound, Qt::QueuedConnection);
         return;
     }
     const std::function<void()> step = std::move(steps_.front());
@@ -74,10 +76,9 @@ void Program::addStartSteps() {
         machine_.startupDone = true;
         startMachine(machine_);
         refreshAll();
+        frmMDI_.holdPainting(false);
         tellOfFonts();
     });
-    // Behind the windows: asking for the device can take longer than all of them. Until then the system beeps.
-    steps_.emplace_back([this] { openSound(); });
 }
 
 void Program::readSettings() {
@@ -99,7 +100,10 @@ void Program::loadWindows() {
     };
     const auto nothing = [] {};
     step("メインウィンドウロード中です。", [this] { showMain(); });
-    step("ハードウェアウィンドウロード中です。", [this] { bench_.load(); });
+    step("ハードウェアウィンドウロード中です。", [this] {
+        frmMDI_.holdPainting(true);  // each window of the area is painted once, when all of them stand
+        bench_.load();
+    });
     step("レジスタウィンドウロード中です。", [this] { registers_.openBySettings(); });
     step("メモリウィンドウロード中です。", nothing);
     step("メモリウィンドウロード中です。", nothing);

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "program/ToolLabel.h"
 
+#include "platform/HouseStyle.h"
 #include "platform/ImageList.h"
 
 #include <QKeyEvent>
-#include <QStyle>
 
 ToolLabel::ToolLabel(const QString& caption, Gesture gesture, QWidget* parent) : QPushButton(caption, parent), gesture_(gesture) {
+    setButtonUse(*this, ButtonUse::tool);
     setFocusPolicy(Qt::TabFocus);  // a click leaves the focus with the window at work
     setAccessibleName(caption.trimmed());
     setWindowOpen(false);
@@ -20,9 +21,7 @@ void ToolLabel::setWindowOpen(bool open) {
     const QCursor wanted = gesture_ == Gesture::doubleClick ? doubleClickPointer() : singleClickPointer();
     setCursor(open ? QCursor(Qt::ArrowCursor) : wanted);
     setAccessibleDescription(open ? QStringLiteral("open") : QString());
-    setProperty("windowOpen", open);
-    style()->unpolish(this);
-    style()->polish(this);
+    setButtonFoot(*this, open);
 }
 
 void ToolLabel::keyPressEvent(QKeyEvent* event) {

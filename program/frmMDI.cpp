@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "program/frmMDI.h"
 
+#include "platform/HouseStyle.h"
 #include "platform/ImageList.h"
 #include "platform/labels.h"
 #include "platform/look.h"
@@ -48,10 +49,23 @@ constexpr int modePitch = 51;
 constexpr int tickBarHeight = 4;
 constexpr int strokeGap = 14;
 
+// The ground of the tool strip, with a line at its foot.
+class StripGround : public QWidget {
+public:
+    using QWidget::QWidget;
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        QPainter painter(this);
+        painter.fillRect(rect(), QColor::fromRgb(look::toolStrip));
+        painter.fillRect(0, height() - 1, width(), 1, QColor::fromRgb(look::hairline));
+    }
+};
+
 QFrame* makeDivider(QWidget* parent) {
     auto* line = new QFrame(parent);
     line->setFixedSize(1, 28);
-    line->setStyleSheet(QStringLiteral("background: #c3cfc9;"));
+    look::setGround(*line, look::hairline);
     return line;
 }
 
@@ -89,7 +103,6 @@ private:
 frmMDI::frmMDI(Machine& machine) : machine_(machine) {
     setObjectName("frmMDI");
     setWindowTitle("VRB-TS");
-    setWindowIcon(programIcon());
 
     area_ = new DeskArea(this);
 
@@ -120,7 +133,7 @@ ToolLabel* frmMDI::makeLabel(Tool tool) {
 }
 
 QWidget* frmMDI::makeToolBox() {
-    auto* strip = new QWidget(this);
+    auto* strip = new StripGround(this);
     strip->setObjectName("ToolBox");
     strip->setFixedHeight(stripHeight);
     auto* row = new QHBoxLayout(strip);
@@ -140,7 +153,7 @@ QWidget* frmMDI::makeToolBox() {
     row->addWidget(makeLabel(Tool::version));
     row->addStretch(1);
     row->addWidget(makeLabel(Tool::navigator));
-    label(Tool::navigator).setProperty("tinted", true);
+    setButtonUse(label(Tool::navigator), ButtonUse::tintedTool);
     return strip;
 }
 
@@ -157,7 +170,7 @@ QWidget* frmMDI::makeRunModes() {
         const auto caption = runModes[index].caption;
         auto* label = new ToolLabel(textOf(caption), ToolLabel::Gesture::everyClick, box);
         label->setObjectName(QStringLiteral("lblRunMode%1").arg(index));
-        label->setProperty("runMode", true);
+        setButtonUse(*label, ButtonUse::runMode);
         label->setFont(look::interfaceFont(11));
         label->setCheckable(true);
         label->setToolTip(QStringLiteral("%1\nキー: %2")
@@ -176,6 +189,10 @@ QWidget* frmMDI::makeRunModes() {
 
 QMdiArea& frmMDI::area() {
     return *area_;
+}
+
+void frmMDI::holdPainting(bool held) {
+    area_->viewport()->setUpdatesEnabled(!held);
 }
 
 void frmMDI::lblRunMode_Click(int index) {
@@ -241,7 +258,6 @@ void frmMDI::MDIForm_QueryUnload() {
     exitQuestion_->setIconPixmap(ImageList("picQuestion").image(1, devicePixelRatioF()));
     for (QAbstractButton* button : exitQuestion_->buttons()) {
         button->setIcon({});
-        button->setProperty("dialogButton", true);
     }
     connect(exitQuestion_, &QMessageBox::finished, this, [this](int answer) {
         if (answer == QMessageBox::Ok) {

@@ -41,6 +41,8 @@ public:
     Timer& timTick() { return timTick_; }
     const TickBar& tickBar() const { return tickBar_; }
     QMdiArea& area();
+    // While held, the windows of the area keep what is seen of them.
+    void holdPainting(bool held);
 
 signals:
     void toolActivated(Tool tool);

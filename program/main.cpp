@@ -17,7 +17,7 @@ int main(int argc, char** argv) {
     QApplication::setQuitOnLastWindowClosed(false);  // only the exit question ends the program
     const std::filesystem::path folder = programFolder(pathOf(QApplication::applicationDirPath()));
     look::addFonts(textOfPath(folder / "fonts"));
-    look::applyTo(application);
+    look::applyTo();
     speakJapanese(application);
 
     Program program(folder, userFolder());

@@ -49,7 +49,6 @@ WriteDialog::WriteDialog(const char* name, const QString& title, OvertypeField::
     txtWriteData_->setAccessibleName("value");
     txtWriteData_->setFont(look::hexFont(14));
     txtWriteData_->setTextMargins(0, 0, 0, 0);
-    txtWriteData_->setStyleSheet("padding: 0;");
     makeAccessFrame();
     makeButtons();
     setTabOrder(txtWriteData_, cmdAction_[0]);
@@ -81,7 +80,6 @@ void WriteDialog::makeButtons() {
     for (std::size_t action = 0; action < captions.size(); ++action) {
         cmdAction_[action] = new QPushButton(captions[action], this);
         cmdAction_[action]->setObjectName(QStringLiteral("cmdAction%1").arg(action));
-        cmdAction_[action]->setProperty("dialogButton", true);
         cmdAction_[action]->setGeometry(232, 58 + 38 * static_cast<int>(action), 76, 28);
     }
     cmdAction_[0]->setDefault(true);

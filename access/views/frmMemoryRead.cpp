@@ -32,7 +32,6 @@ frmMemoryRead::frmMemoryRead(Machine& machine, QWidget* owner)
     txtAddress_->setAccessibleName("Address");
     txtAddress_->setFont(values);
     txtAddress_->setTextMargins(0, 0, 0, 0);
-    txtAddress_->setStyleSheet("padding: 0;");
     txtAddress_->setMaxLength(3);
     txtAddress_->setGeometry(14, 36, 36, 26);
 
@@ -47,7 +46,6 @@ frmMemoryRead::frmMemoryRead(Machine& machine, QWidget* owner)
     for (std::size_t action = 0; action < captions.size(); ++action) {
         cmdAction[action] = new QPushButton(captions[action], this);
         cmdAction[action]->setObjectName(QStringLiteral("cmdAction%1").arg(action));
-        cmdAction[action]->setProperty("dialogButton", true);
         cmdAction[action]->setGeometry(246, 14 + 36 * static_cast<int>(action), 76, 28);
     }
     cmdAction[0]->setDefault(true);

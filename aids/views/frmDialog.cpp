@@ -48,7 +48,6 @@ frmDialog::frmDialog(QWidget* owner)
     for (std::size_t action = 0; action < captions.size(); ++action) {
         cmdAction_[action] = new QPushButton(captions[action], this);
         cmdAction_[action]->setObjectName(QStringLiteral("cmdAction%1").arg(action));
-        cmdAction_[action]->setProperty("dialogButton", true);
         cmdAction_[action]->resize(buttonSize);
         connect(cmdAction_[action], &QPushButton::clicked, this, [this, action] { answer(static_cast<Result>(action + 1)); });
     }

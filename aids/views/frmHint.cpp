@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "aids/views/frmHint.h"
 
+#include "platform/HouseStyle.h"
 #include "platform/labels.h"
 #include "platform/look.h"
 #include "platform/pictureFile.h"
@@ -48,7 +49,7 @@ void frmHint::initHint() {
         reason_ = QStringLiteral("HintData に RegsterHint.TXT が見つかりません。");
     }
     makeTabs();
-    showPage(0);
+    turnTo(0);
 }
 
 void frmHint::makeTabs() {
@@ -57,7 +58,7 @@ void frmHint::makeTabs() {
         const QString caption = pages_.empty() ? QString() : textOf(pages_[static_cast<std::size_t>(page)].caption);
         auto* tab = new QPushButton(face_);
         tab->setObjectName(QStringLiteral("tabHint%1").arg(page));
-        tab->setProperty("viewButton", true);
+        setButtonUse(*tab, ButtonUse::view);
         tab->setFont(look::textFont(12));
         // A teacher's long caption is read whole in its tool tip.
         constexpr int tabMargin = 8;
@@ -70,7 +71,6 @@ void frmHint::makeTabs() {
             QRect(QPoint(inset + page % tabsInARow * tabPitch.width(), inset + page / tabsInARow * tabPitch.height()), tabSize));
         tabHint_->addButton(tab, page);
     }
-    tabHint_->button(0)->setChecked(true);
 }
 
 int frmHint::page() const {

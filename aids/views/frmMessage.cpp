@@ -6,6 +6,7 @@
 
 #include <QLabel>
 #include <QMouseEvent>
+#include <QPainter>
 
 namespace {
 
@@ -21,8 +22,6 @@ frmMessage::frmMessage(QWidget* owner)
     : QWidget(owner, Qt::ToolTip | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus), lblMessage_(new QLabel(this)) {
     setObjectName("frmMessage");
     setAttribute(Qt::WA_ShowWithoutActivating);
-    setStyleSheet("#frmMessage { background: #ffffcc; border: 1px solid #8a7a2a; }");
-    setAttribute(Qt::WA_StyledBackground);
     lblMessage_->setObjectName("lblMessage");
     lblMessage_->setFont(look::textFont(14));
     lblMessage_->setTextFormat(Qt::PlainText);
@@ -66,4 +65,9 @@ void frmMessage::mousePressEvent(QMouseEvent* event) {
         secondsLeft_ = 1;
         timErase_Timer();
     }
+}
+
+void frmMessage::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    look::paintPanel(painter, rect(), look::popupFace, look::popupLine);
 }

@@ -17,7 +17,7 @@ namespace {
 
 constexpr QSize listSize{440, 390};  // the sixteen tours that come with the program
 constexpr int rowHeight = 24;
-constexpr int buttonWidth = 136;
+constexpr int buttonWidth = 138;
 constexpr int gap = 10;
 
 QLabel* makeCaption(const char* text, QWidget* parent) {
@@ -31,9 +31,7 @@ QPushButton* makeButton(const char* name, const char* caption, QWidget* parent) 
     auto* button = new QPushButton(caption, parent);
     button->setObjectName(name);
     button->setFont(look::interfaceFont(12));
-    button->setProperty("dialogButton", true);
-    button->setStyleSheet(
-        QStringLiteral("min-width: %1px;").arg(buttonWidth));  // the program's own sheet rules over setMinimumWidth
+    button->setMinimumWidth(buttonWidth);
     return button;
 }
 

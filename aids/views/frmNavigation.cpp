@@ -107,7 +107,6 @@ frmNavigation::frmNavigation(std::filesystem::path naviPath, const Machine& mach
         auto* button = new QPushButton(captions[action], this);
         button->setObjectName(QStringLiteral("cmdAction%1").arg(action));
         button->setFont(action == actionEnd ? look::textFont(13) : look::interfaceFont(12));
-        button->setProperty("dialogButton", true);
         connect(button, &QPushButton::clicked, this, [this, action] { cmdAction_Click(action); });
         cmdAction_[action] = button;
     }

@@ -15,6 +15,7 @@ namespace {
 
 constexpr int seconds = 3;
 constexpr QSize panelSize{524, 476};
+constexpr QRgb panelFace = 0xffdff5df;
 constexpr int lineHeight = 22;
 constexpr int progressFont = 14;
 constexpr int progressWidth = progressFont * progressPlaces;
@@ -63,12 +64,12 @@ QFont fontOf(Style style) {
     return font;
 }
 
-const char* colourOf(Style style) {
+QRgb inkOf(Style style) {
     switch (style) {
-        case Style::product: return "color: #1f7348;";
-        case Style::alarm: return "color: #c4251a;";
-        case Style::hint: return "color: #174a8c;";
-        default: return "color: #1d2a30;";
+        case Style::product: return look::brandGreen;
+        case Style::alarm: return 0xffc4251a;
+        case Style::hint: return 0xff174a8c;
+        default: return look::ink;
     }
 }
 
@@ -91,7 +92,7 @@ void frmVersion::makeTexts() {
         auto* label = new QLabel(row.text, this);
         label->setObjectName(row.name);
         label->setFont(fontOf(row.style));
-        label->setStyleSheet(colourOf(row.style));
+        look::setInk(*label, inkOf(row.style));
         label->setTextFormat(Qt::PlainText);
         label->adjustSize();
         label->move(row.left != 0 ? row.left : (width() - label->width()) / 2, row.top);
@@ -109,12 +110,14 @@ void frmVersion::makeProgress() {
     picProgress_ = new QWidget(this);
     picProgress_->setObjectName("picProgress");
     picProgress_->setGeometry((width() - progressWidth) / 2, 430, progressWidth, lineHeight + 2);
-    const std::array<const char*, 2> colours{"background: #ffffcc; color: black;", "background: #1c4fc0; color: white;"};
-    for (std::size_t index = 0; index < colours.size(); ++index) {
+    look::setGround(*picProgress_, panelFace);  // so that the panel behind it is not painted with every step
+    const std::array<std::pair<QRgb, QRgb>, 2> groundAndInk{{{0xffffffcc, 0xff000000}, {0xff1c4fc0, 0xffffffff}}};
+    for (std::size_t index = 0; index < groundAndInk.size(); ++index) {
         lblProcess_[index] = new QLabel(picProgress_);
         lblProcess_[index]->setObjectName(QStringLiteral("lblProcess%1").arg(index));
         lblProcess_[index]->setFont(look::columnFont(progressFont));
-        lblProcess_[index]->setStyleSheet(colours[index]);
+        look::setGround(*lblProcess_[index], groundAndInk[index].first);
+        look::setInk(*lblProcess_[index], groundAndInk[index].second);
         lblProcess_[index]->setGeometry(0, 0, progressWidth, lineHeight);
         lblProcess_[index]->hide();
     }
@@ -199,7 +202,7 @@ void frmVersion::keyPressEvent(QKeyEvent* event) {
 
 void frmVersion::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
-    painter.fillRect(rect(), QColor(0xdf, 0xf5, 0xdf));
+    painter.fillRect(rect(), QColor::fromRgb(panelFace));
     painter.fillRect(0, 0, width(), 8, QColor::fromRgb(look::brandGreen));
     const QPixmap logo = ImageList("picLogo").image(1, devicePixelRatioF());
     const QSizeF logoSize = logo.deviceIndependentSize();

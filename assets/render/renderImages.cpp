@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 // Renders one image list: the SVG source of an image list is a strip of equally wide cells, one per image, and each cell
 // holds one element "image-1", "image-2", ... The pictures come out at 1x, 2x and 3x, so that the program itself needs no SVG
-// renderer, and as plain pixels, so that it needs no decoder either: width and height as 32-bit numbers, low byte first, then
-// the rows from the top, each pixel as blue, green, red and alpha, the colours multiplied by alpha. What packs them is the
-// compression of the resources.
+// renderer, and as plain pixels, so that it needs no decoder either: width, height and 1 for a picture that nothing shines
+// through (else 0) as 32-bit numbers, low byte first, then the rows from the top, each pixel as blue, green, red and alpha, the
+// colours multiplied by alpha. What packs them is the compression of the resources.
 //
 //     renderImages SOURCE.svg OUTPUT-FOLDER
 //     renderImages SOURCE.svg OUTPUT-FOLDER SIZE...
 //
 // The first writes OUTPUT-FOLDER/SOURCE-<n>.argb, SOURCE-<n>@2x.argb and SOURCE-<n>@3x.argb. The second makes icons of the first
-// cell: SOURCE-<size>.png for each size, SOURCE.ico for Windows and SOURCE.icns for macOS. Exit code 1 and a line on stderr
+// cell: SOURCE-<size>.png and SOURCE-<size>.argb for each size, SOURCE.ico for Windows and SOURCE.icns for macOS. Exit code 1 and a line on stderr
 // when the source can't be read, holds no image, or a file can't be written.
 
 #include <QBuffer>
@@ -58,11 +58,22 @@ bool writeFile(const QString& path, const QByteArray& bytes) {
     return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
 }
 
+bool isOpaque(const QImage& picture) {
+    for (int y = 0; y < picture.height(); ++y) {
+        const auto* row = reinterpret_cast<const QRgb*>(picture.constScanLine(y));
+        if (std::any_of(row, row + picture.width(), [](QRgb pixel) { return qAlpha(pixel) != 255; })) {
+            return false;
+        }
+    }
+    return true;
+}
+
 QByteArray plainPixels(const QImage& picture) {
     QByteArray bytes;
     QDataStream out(&bytes, QIODevice::WriteOnly);
     out.setByteOrder(QDataStream::LittleEndian);
-    out << static_cast<quint32>(picture.width()) << static_cast<quint32>(picture.height());
+    out << static_cast<quint32>(picture.width()) << static_cast<quint32>(picture.height())
+        << static_cast<quint32>(isOpaque(picture));
     for (int y = 0; y < picture.height(); ++y) {
         const auto* row = reinterpret_cast<const QRgb*>(picture.constScanLine(y));
         std::for_each(row, row + picture.width(), [&out](QRgb pixel) { out << pixel; });
@@ -133,8 +144,10 @@ int makeIcons(QSvgRenderer& source, const QRectF& cell, const QString& pathWitho
         QBuffer buffer(&icon.png);
         buffer.open(QIODevice::WriteOnly);
         const QString file = QStringLiteral("%1-%2.png").arg(pathWithoutEnd).arg(side);
-        if (!renderCell(source, cell, QSize(side, side)).save(&buffer, "PNG") || !writeFile(file, icon.png)) {
-            return fail(file + QStringLiteral(" can't be written"));
+        const QImage picture = renderCell(source, cell, QSize(side, side));
+        if (!picture.save(&buffer, "PNG") || !writeFile(file, icon.png) ||
+            !writeFile(QStringLiteral("%1-%2.argb").arg(pathWithoutEnd).arg(side), plainPixels(picture))) {
+            return fail(file + QStringLiteral(" or its plain pixels can't be written"));
         }
         icons.push_back(icon);
     }

@@ -1,20 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "boards/views/BenchLabel.h"
 
+#include "platform/look.h"
+
 #include <QFontMetricsF>
 #include <QPainter>
 
-QFont benchFont(int pixelSize, bool bold) {
-    QFont font;
-    font.setFamilies({"DejaVu Sans Condensed", "DejaVu Sans", "Segoe UI", "Helvetica Neue"});
-    font.setStretch(QFont::SemiCondensed);
-    font.setPixelSize(pixelSize);
-    font.setBold(bold);
-    return font;
-}
-
 BenchLabel::BenchLabel(const LabelRow& row, QGraphicsItem* parent)
-    : QGraphicsItem(parent), row_(row), font_(benchFont(row.pixelSize)) {
+    : QGraphicsItem(parent), row_(row), font_(look::printFont(row.pixelSize)) {
     setPos(row.place);
     setAcceptedMouseButtons(Qt::NoButton);
 }

@@ -8,9 +8,6 @@
 #include <QFont>
 #include <QGraphicsItem>
 
-// Print on the parts and cards, condensed so that it fits at a legible size.
-QFont benchFont(int pixelSize, bool bold = true);
-
 class BenchLabel : public QGraphicsItem {
 public:
     BenchLabel(const LabelRow& row, QGraphicsItem* parent);

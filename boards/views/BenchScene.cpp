@@ -3,6 +3,7 @@
 
 #include "boards/views/BenchLabel.h"
 #include "platform/labels.h"
+#include "platform/look.h"
 
 #include <QGraphicsPixmapItem>
 #include <QGraphicsSimpleTextItem>
@@ -87,7 +88,7 @@ void BenchScene::makePortLabels() {
         constexpr QPointF place{4, 7};
         constexpr int pixelSize = 12;
         auto* text = new QGraphicsSimpleTextItem(QStringLiteral("RXD%1").arg(index + 1), part("picBOARD1_RXD", index));
-        text->setFont(benchFont(pixelSize));
+        text->setFont(look::printFont(pixelSize));
         text->setBrush(Qt::white);
         text->setPos(place);
         text->setAcceptedMouseButtons(Qt::NoButton);

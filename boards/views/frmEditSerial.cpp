@@ -48,6 +48,18 @@ private:
     const char* drawing_;
 };
 
+// What the waveform lies on.
+class WaveCover : public QWidget {
+public:
+    using QWidget::QWidget;
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        QPainter painter(this);
+        look::paintPanel(painter, rect(), 0xffffffff, 0xff8fa098, 3);
+    }
+};
+
 }  // namespace
 
 // The waveform; empty before the first word.
@@ -125,7 +137,6 @@ void frmEditSerial::makeEntry() {
                                     ButtonRow{actionCancel, "Cancel", firstLeft + 2 * pitch}}) {
         auto* made = new QPushButton(button.caption, this);
         made->setObjectName(QStringLiteral("cmdAction%1").arg(button.action));
-        made->setProperty("dialogButton", true);
         made->setAutoDefault(false);
         made->setGeometry(button.left, margin, wide, 28);
         cmdAction_[button.action] = made;
@@ -147,14 +158,13 @@ void frmEditSerial::makeCircuit() {
         // In the print of the card's edge.
         constexpr int captionHeight = 14;
         constexpr int captionWidth = 22;
-        auto* caption = makeLabel(this, QStringLiteral("Label2%1").arg(row), textOf(waveRows[row].name), benchFont(9),
+        auto* caption = makeLabel(this, QStringLiteral("Label2%1").arg(row), textOf(waveRows[row].name), look::printFont(9),
                                   {0, coverTop + waveRows[row].low - captionHeight / 2, captionWidth, captionHeight});
         caption->setAlignment(Qt::AlignCenter);
-        caption->setStyleSheet("color: #f3f7f1;");
+        look::setInk(*caption, 0xfff3f7f1);
     }
-    auto* cover = new QFrame(this);
+    auto* cover = new WaveCover(this);
     cover->setObjectName("picDREQ_Cover");
-    cover->setStyleSheet("#picDREQ_Cover { background: white; border: 1px solid #8fa098; border-radius: 3px; }");
     cover->setGeometry(coverLeft, coverTop, coverWidth, waveHeight);
     picDREQ_Data_ = new SerialWave(cover);
     picDREQ_Data_->setObjectName("picDREQ_Data");

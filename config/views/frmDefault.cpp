@@ -33,7 +33,6 @@ constexpr const char* dialogStyle = R"(
     }
     QGroupBox::title { subcontrol-origin: margin; subcontrol-position: top left; left: 2px; top: 2px; color: #1f7348; }
     QGroupBox QGroupBox { background: #f1f6f3; }
-    QPushButton[dialogButton="true"] { padding: 0 14px; }
 )";
 
 struct ButtonRow {
@@ -216,7 +215,6 @@ QWidget* frmDefault::makeButtons() {
     for (const ButtonRow& row : buttonRows) {
         auto* button = new QPushButton(row.caption, bar);
         button->setObjectName(QStringLiteral("cmdAction%1").arg(row.action));
-        button->setProperty("dialogButton", true);
         button->setFont(look::textFont(textSize));
         button->setAutoDefault(false);
         connect(button, &QPushButton::clicked, this, [this, action = row.action] { cmdAction_Click(action); });

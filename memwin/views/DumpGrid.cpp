@@ -32,7 +32,6 @@ constexpr int wedgeLines = 6;
 constexpr QRgb frameLine = 0xffa7b4ae;
 constexpr QRgb headingFace = 0xffe4eae7;
 constexpr QRgb addressInk = 0xff8a969c;
-constexpr QRgb focusRing = 0xff1c5fb0;
 
 // The strip of a group by area: control words, DO and DI each have their colour, the others that of what they hold.
 QColor stripColour(Area area, int group) {
@@ -249,7 +248,7 @@ void DumpGrid::paintRow(QPainter& painter, int row, const QRect& clip) {
             painter.drawPixmap(asciiPlace.topLeft(), glyphOf(Side::ascii, shown.red, shown.value));
         }
         if (ring_ && cell == current_) {
-            painter.setPen(QColor::fromRgb(focusRing));
+            painter.setPen(QColor::fromRgb(look::focusLine));
             painter.setBrush(Qt::NoBrush);
             painter.drawRect(hexPlace.adjusted(0, 0, -1, -1));
         }

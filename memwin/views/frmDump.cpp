@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "memwin/views/frmDump.h"
 
+#include "platform/HouseStyle.h"
 #include "platform/labels.h"
 #include "platform/look.h"
 #include "platform/twips.h"
@@ -39,7 +40,7 @@ frmDump::frmDump(Machine& machine, Area area)
     for (std::size_t number = 0; number < captions.size(); ++number) {
         cmbBit_[number] = new QPushButton(captions[number], this);
         cmbBit_[number]->setObjectName(QStringLiteral("cmbBit%1").arg(number));
-        cmbBit_[number]->setProperty("viewButton", true);
+        setButtonUse(*cmbBit_[number], ButtonUse::view);
         cmbBit_[number]->setFont(look::interfaceFont(10));
         cmbBit_[number]->setCheckable(true);
         cmbBit_[number]->setAutoExclusive(true);

@@ -4,6 +4,7 @@
 #include "platform/look.h"
 
 #include <QKeyEvent>
+#include <QPainter>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -16,16 +17,14 @@ constexpr std::array<const char*, 5> captions{"コントロール+DI+DO", "C1～
 frmDumpSel::frmDumpSel(QWidget* area) : QFrame(area) {
     setObjectName("frmDumpSel");
     setFocusPolicy(Qt::ClickFocus);
-    setStyleSheet("#frmDumpSel { background: #eef2f0; border: 1px solid #6f7d77; border-radius: 3px; }");
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(8, 8, 8, 8);
     column->setSpacing(5);
     for (std::size_t index = 0; index < captions.size(); ++index) {
         cmdAREA_[index] = new QPushButton(captions[index], this);
         cmdAREA_[index]->setObjectName(QStringLiteral("cmdAREA%1").arg(index));
-        cmdAREA_[index]->setProperty("dialogButton", true);
         cmdAREA_[index]->setFont(look::textFont(13));
-        cmdAREA_[index]->setStyleSheet("min-width: 164px;");
+        cmdAREA_[index]->setMinimumWidth(166);
         column->addWidget(cmdAREA_[index]);
         connect(cmdAREA_[index], &QPushButton::clicked, this, [this, index] {
             hide();
@@ -54,6 +53,11 @@ void frmDumpSel::setVisible(bool visible) {
         keyboard_.giveBack(*this);
     }
     QFrame::setVisible(visible);
+}
+
+void frmDumpSel::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    look::paintPanel(painter, rect(), look::windowFace, 0xff6f7d77, 3);
 }
 
 void frmDumpSel::keyPressEvent(QKeyEvent* event) {

@@ -12,7 +12,7 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     look::addFonts(VRB_BIN "/fonts");  // where the build puts them: the tests measure texts
-    look::applyTo(application);
+    look::applyTo();
     speakJapanese(application);
     return RUN_ALL_TESTS();
 }
