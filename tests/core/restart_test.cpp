@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 // What brings the machine to its beginning: the random fill, the chip's reset, and a restart of the whole bench.
 
+#include "config/restart.h"
+
 #include "boards/boardSet.h"
 #include "boards/stationCheck.h"
-#include "config/restart.h"
 #include "core/runControl.h"
 #include "tests/bench.h"
 
