@@ -48,6 +48,12 @@ private:
     frmHard& bench_;
 };
 
+// To the widget itself: moving the pointer of the screen would reach whatever window lies above it.
+inline void hover(QWidget& widget, QPointF place) {
+    QMouseEvent move(QEvent::MouseMove, place, widget.mapToGlobal(place), Qt::NoButton, Qt::NoButton, {});
+    QApplication::sendEvent(&widget, &move);
+}
+
 namespace batch {
 
 inline void close(QWidget* window) {

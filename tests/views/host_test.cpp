@@ -4,6 +4,7 @@
 #include "access/views/frmEditMemory.h"
 #include "access/views/frmMemoryRead.h"
 #include "tests/views/desk.h"
+#include "tests/views/hands.h"
 
 #include <QCheckBox>
 #include <QMdiSubWindow>
@@ -162,10 +163,10 @@ TEST_F(Host, the_read_outs_follow_the_mouse_and_the_keys) {
     const auto readOut = [this] { return labelOf(dump(), "lblPointAddress"); };
     const QString resting = readOut();
     for (const auto side : {DumpGrid::Side::data, DumpGrid::Side::ascii}) {
-        QTest::mouseMove(&dump().grid(), dump().grid().cellRect(0, side).center());
+        hover(dump().grid(), dump().grid().cellRect(0, side).center());
         EXPECT_EQ(readOut(), " Pointing Address = 00FH (  15) : 00");
         EXPECT_EQ(dump().grid().cursor().shape(), Qt::BitmapCursor);
-        QTest::mouseMove(&dump().grid(), {2, 2});
+        hover(dump().grid(), {2, 2});
         EXPECT_EQ(readOut(), resting);
         EXPECT_EQ(dump().grid().cursor().shape(), Qt::ArrowCursor);
     }
