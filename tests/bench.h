@@ -34,14 +34,6 @@ inline void ticks(Machine& machine, int count) {
     }
 }
 
-inline int statusOf(const Machine& machine, int sa) {
-    return machine.chipMemory[static_cast<std::size_t>(controlBase + 2 * sa + 1)];
-}
-
-inline void setCommand(Machine& machine, int sa, int commandByte) {
-    machine.chipMemory[static_cast<std::size_t>(controlBase + 2 * sa)] = static_cast<std::uint8_t>(commandByte);
-}
-
 // Link 1 to 3.
 inline void plug(Machine& machine, int link, bool whole = true) {
     machine.picBOARD2_RXD[linkConnector[static_cast<std::size_t>(link - 1)]].plugged = whole;

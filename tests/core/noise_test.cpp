@@ -27,7 +27,7 @@ Spoiled spoiledVisits(Machine& machine, int count) {
     Spoiled found;
     for (int tick = 1; tick <= count; ++tick) {
         ticks(machine, 1);
-        if ((statusOf(machine, machine.visitAddr) & 4) != 0) {
+        if ((byteAt(machine, machine.stationPtr + 1) & 4) != 0) {
             found.emplace_back(tick, machine.visitAddr);
         }
     }
