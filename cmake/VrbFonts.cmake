@@ -8,7 +8,8 @@ else()
 endif()
 option(VRB_SHIP_FONTS "Put the fonts beside the program" ${VRB_SHIP_FONTS_DEFAULT})
 
-set(vrb_font_files ipag.ttf ipagp.ttf DejaVuSans.ttf DejaVuSans-Bold.ttf DejaVuSansMono.ttf DejaVuSansMono-Bold.ttf)
+set(vrb_font_files ipag.ttf ipagp.ttf DejaVuSans.ttf DejaVuSans-Bold.ttf DejaVuSansCondensed.ttf DejaVuSansCondensed-Bold.ttf
+    DejaVuSansMono.ttf DejaVuSansMono-Bold.ttf)
 set(vrb_font_folders /usr/share/fonts/opentype/ipafont-gothic /usr/share/fonts/truetype/dejavu)
 
 function(vrb_fonts)

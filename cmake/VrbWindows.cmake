@@ -9,7 +9,7 @@ else()
 endif()
 install(TARGETS vrb-ts RUNTIME DESTINATION ${folder})
 vrb_install_beside(${folder})
-install(FILES LICENSE README.md CHANGELOG.md DESTINATION .)
+install(FILES LICENSE README.md README.ja.md CHANGELOG.md DESTINATION .)
 
 set(made ${CMAKE_CURRENT_BINARY_DIR}/packaging)
 set(manifest ${PROJECT_SOURCE_DIR}/packaging/windows/vrb-ts.manifest)

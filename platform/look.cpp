@@ -29,6 +29,7 @@ QFont fontOf(const QStringList& families, int pixelSize, bool fixed = false) {
     QFont font;
     font.setFamilies(families);
     font.setPixelSize(pixelSize);
+    font.setHintingPreference(QFont::PreferVerticalHinting);  // the same widths on every platform
     if (fixed) {
         font.setStyleHint(QFont::Monospace);
         font.setFixedPitch(true);
@@ -68,7 +69,9 @@ QFont hexFont(int pixelSize) {
 QFont printFont(int pixelSize) {
     static const QStringList families{present({"DejaVu Sans Condensed", "DejaVu Sans", "Segoe UI", "Helvetica Neue"})};
     QFont font = fontOf(families, pixelSize);
-    font.setStretch(QFont::SemiCondensed);
+    if (!families.front().contains("Condensed")) {
+        font.setStretch(QFont::SemiCondensed);  // Windows would narrow the narrow one again
+    }
     font.setBold(true);
     return font;
 }

@@ -6,6 +6,10 @@
 
 #include <QStringDecoder>
 
+#ifdef Q_OS_WIN
+#include <windows.h>
+#endif
+
 namespace {
 
 constexpr std::size_t largestFile = std::size_t{4} * 1024 * 1024;
@@ -19,6 +23,23 @@ std::optional<QString> decoded(QStringDecoder decoder, const std::string& bytes)
     return decoder.hasError() ? std::nullopt : std::optional(std::move(text));
 }
 
+std::optional<QString> decodedShiftJis(const std::string& bytes) {
+#ifdef Q_OS_WIN
+    // Qt has no table of its own, and the library that it asks elsewhere is not there.
+    constexpr UINT codePage = 932;
+    const int length = static_cast<int>(bytes.size());
+    const int needed = MultiByteToWideChar(codePage, MB_ERR_INVALID_CHARS, bytes.data(), length, nullptr, 0);
+    if (needed == 0) {
+        return std::nullopt;
+    }
+    std::wstring text(static_cast<std::size_t>(needed), L'\0');
+    MultiByteToWideChar(codePage, MB_ERR_INVALID_CHARS, bytes.data(), length, text.data(), needed);
+    return QString::fromStdWString(text);
+#else
+    return decoded(QStringDecoder("Shift_JIS"), bytes);
+#endif
+}
+
 }  // namespace
 
 std::optional<std::string> readTextFile(const std::filesystem::path& path) {
@@ -30,7 +51,7 @@ std::optional<std::string> readTextFile(const std::filesystem::path& path) {
     const auto marked = QStringConverter::encodingForData(bytes);
     auto text = decoded(QStringDecoder(marked.value_or(QStringConverter::Utf8)), bytes);
     if (!text) {
-        text = decoded(QStringDecoder("Shift_JIS"), bytes);
+        text = decodedShiftJis(bytes);
     }
     return (text ? *text : QString::fromUtf8(bytes)).toStdString();
 }

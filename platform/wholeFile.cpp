@@ -10,8 +10,10 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <cstdio>
 #include <memory>
+#include <thread>
 
 #ifdef Q_OS_UNIX
 #include <fcntl.h>
@@ -28,9 +30,28 @@ struct CloseFile {
 };
 using File = std::unique_ptr<std::FILE, CloseFile>;
 
+// Takes a step, on Windows some more times while somebody stands in its way who has the file open just now: another copy of the
+// program that reads or saves it, or a scanner. The step returns whether it was in anybody's way.
+template <class Step>
+void whileInUse(Step step) {
+#ifdef Q_OS_WIN
+    constexpr auto pause = std::chrono::milliseconds(10);
+    for (int left = 30; step() && left > 0; --left) {
+        std::this_thread::sleep_for(pause);
+    }
+#else
+    step();
+#endif
+}
+
 File openToRead(const fs::path& path) {
 #ifdef Q_OS_WIN
-    return File(_wfopen(path.c_str(), L"rb"));
+    File file;
+    whileInUse([&] {
+        file.reset(_wfopen(path.c_str(), L"rb"));
+        return file == nullptr && errno == EACCES;
+    });
+    return file;
 #else
     return File(std::fopen(path.c_str(), "rb"));
 #endif
@@ -101,6 +122,20 @@ void settleFolder([[maybe_unused]] const fs::path& folder) {
 #endif
 }
 
+std::error_code replace(QSaveFile& file, const fs::path& target, const std::string& bytes) {
+    errno = 0;
+    if (!file.open(QIODevice::WriteOnly)) {
+        return reasonOf(file);
+    }
+    keepOwner(file, target);
+    errno = 0;
+    if (file.write(bytes.data(), static_cast<qint64>(bytes.size())) < 0 || !settled(file) || !file.commit()) {
+        return reasonOf(file);
+    }
+    settleFolder(target.parent_path());
+    return {};
+}
+
 std::error_code saveAt(const fs::path& target, const std::string& bytes) {
     std::error_code error;
     if (target.has_parent_path() && !fs::is_directory(target.parent_path(), error)) {
@@ -115,18 +150,12 @@ std::error_code saveAt(const fs::path& target, const std::string& bytes) {
     if (writeProtected(QFileInfo(textOfPath(target)))) {
         return std::make_error_code(std::errc::permission_denied);
     }
-    QSaveFile file(textOfPath(target));
-    errno = 0;
-    if (!file.open(QIODevice::WriteOnly)) {
-        return reasonOf(file);
-    }
-    keepOwner(file, target);
-    errno = 0;
-    if (file.write(bytes.data(), static_cast<qint64>(bytes.size())) < 0 || !settled(file) || !file.commit()) {
-        return reasonOf(file);
-    }
-    settleFolder(target.parent_path());
-    return {};
+    whileInUse([&] {
+        QSaveFile file(textOfPath(target));
+        error = replace(file, target, bytes);
+        return file.error() == QFileDevice::RenameError;
+    });
+    return error;
 }
 
 }  // namespace

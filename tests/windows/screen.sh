@@ -35,6 +35,15 @@ await_none() {
 }
 click() { xdotool mousemove "$1" "$2"; sleep 0.2; xdotool click 1; sleep 0.5; }
 double_click() { xdotool mousemove "$1" "$2"; sleep 0.2; xdotool click --repeat 2 --delay 60 1; sleep 0.5; }
+# click_in TITLE X Y [OPTION...]: counted from the corner of the window's inside. Wine draws the frames of dialogs itself, so they
+# belong to the window: $frame is how wide and high they are.
+frame=(0 0)
+click_in() {
+  xdotool mousemove --window "$(xdotool search --onlyvisible --name "^$1\$" | head -n 1)" $(($2 + frame[0])) $(($3 + frame[1]))
+  sleep 0.2
+  xdotool click "${@:4}" 1
+  sleep 0.5
+}
 keys() { xdotool type --delay 60 "$1"; sleep 0.3; }
 key() { xdotool key "$1"; sleep 0.5; }
 shot() { import -silent -window root "$pictures/$1.png"; }
