@@ -58,10 +58,11 @@ int wordAt(std::uint8_t* image, std::size_t word, Value to) {
     return at(image[2 * word], to) | at(image[2 * word + 1], high) << 8;
 }
 
-int pinLevels(Machine& machine, int slot) {
+int pinLevels(Machine& machine, std::size_t slot) {
+    const Pin* pins = slot == slotQDA52 ? &machine.picPI[16 * (slot - 1)] : &machine.picPO[16 * (slot - 1)];
     int word = 0;
     for (int bit = 0; bit < 16; ++bit) {
-        word |= outputsOf(machine, slot)[bit].level ? 1 << bit : 0;
+        word |= pins[bit].level ? 1 << bit : 0;
     }
     return word;
 }
@@ -73,8 +74,9 @@ using Table = std::map<std::string, T, std::less<>>;
 // Slots and links count from 1.
 const Table<int (*)(Machine&, std::size_t number, Value to)> numbers{
     {"in", [](Machine& m, std::size_t slot, Value to) { return wordAt(m.diImage.data(), slot - 1, to); }},
-    {"out", [](Machine& m, std::size_t slot, Value) { return static_cast<int>(latchOf(m, static_cast<int>(slot))); }},
-    {"pins", [](Machine& m, std::size_t slot, Value) { return pinLevels(m, static_cast<int>(slot)); }},
+    {"out",
+     [](Machine& m, std::size_t slot, Value) { return static_cast<int>(slot == slotQDA52 ? m.doLatch52 : m.doLatch[slot]); }},
+    {"pins", [](Machine& m, std::size_t slot, Value) { return pinLevels(m, slot); }},
     {"counter", [](Machine& m, std::size_t word, Value to) { return wordAt(m.counterImage.data(), word, to); }},
     {"serial", [](Machine& m, std::size_t slot, Value to) { return at(m.serialReady[slot - 1], to); }},
     {"handshake", [](Machine& m, std::size_t slot, Value to) { return at(m.picSSB[slot - 1].on, to); }},

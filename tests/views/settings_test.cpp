@@ -231,9 +231,9 @@ TEST_F(SlowProgram, goes_on_while_it_saves_and_ends_when_all_is_saved) {
     SlowDisk disk;
     saveAndQuit();
     EXPECT_TRUE(finished.isEmpty() && bytesOf(path) == makersFile);
-    setInput(machine(), slotQDA73, 0x1234);
+    machine().diImage[2 * (slotQDA73 - 1)] = 0x34;
     fire();
-    EXPECT_EQ(memoryWord(machine(), diBase + 2), 0x1234) << "the scan goes on";
+    EXPECT_EQ(byteAt(machine(), diBase + 2), 0x34) << "the scan goes on";
     disk.open();
     ASSERT_TRUE(finished.count() == 1 || finished.wait());
     EXPECT_EQ(loadDialog(ProfileFile(bytesOf(path))), setDialogMaker());

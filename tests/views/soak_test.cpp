@@ -301,7 +301,7 @@ TEST_F(Soak, hours_of_RUN_lose_no_tick_and_keep_no_memory) {
     }
     machine().runMode = modeRun;
     constexpr int firingsOfAMinute = 60 * 1000 / runModes[modeRun].interval;
-    unplug(machine(), 1);  // three stations fail in every pass
+    plug(machine(), 1, false);  // three stations fail in every pass
     const auto runMinutes = [&](int minutes) {
         for (int firing = 0; firing < minutes * firingsOfAMinute; ++firing) {
             fire();
