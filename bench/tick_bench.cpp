@@ -34,7 +34,7 @@ BENCHMARK(goodVisit);
 
 void passOverFailingStations(benchmark::State& state) {
     Machine machine = scanningMachine(63);
-    unplug(machine, 1);
+    plug(machine, 1, false);
     for (auto round : state) {
         ticks(machine, 63);
         benchmark::DoNotOptimize(machine);

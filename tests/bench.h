@@ -34,25 +34,9 @@ inline void ticks(Machine& machine, int count) {
     }
 }
 
-inline int commandOf(const Machine& machine, int sa) {
-    return machine.chipMemory[static_cast<std::size_t>(controlBase + 2 * sa)];
-}
-
-inline int statusOf(const Machine& machine, int sa) {
-    return machine.chipMemory[static_cast<std::size_t>(controlBase + 2 * sa + 1)];
-}
-
-inline void setCommand(Machine& machine, int sa, int commandByte) {
-    machine.chipMemory[static_cast<std::size_t>(controlBase + 2 * sa)] = static_cast<std::uint8_t>(commandByte);
-}
-
 // Link 1 to 3.
-inline void plug(Machine& machine, int link, bool whole = true) {
+inline void plug(Machine& machine, int link, bool whole) {
     machine.picBOARD2_RXD[linkConnector[static_cast<std::size_t>(link - 1)]].plugged = whole;
-}
-
-inline void unplug(Machine& machine, int link) {
-    plug(machine, link, false);
 }
 
 inline int byteAt(const Machine& machine, int index) {
@@ -61,38 +45,6 @@ inline int byteAt(const Machine& machine, int index) {
 
 inline void setByte(Machine& machine, int index, int value) {
     machine.chipMemory[static_cast<std::size_t>(index)] = static_cast<std::uint8_t>(value);
-}
-
-inline void setStatus(Machine& machine, int sa, int statusByte) {
-    setByte(machine, controlBase + 2 * sa + 1, statusByte);
-}
-
-// The switches and signals on the port of a slot, as one word.
-inline void setInput(Machine& machine, int slot, int word) {
-    const auto low = static_cast<std::size_t>(2 * (slot - 1));
-    machine.diImage[low] = static_cast<std::uint8_t>(word);
-    machine.diImage[low + 1] = static_cast<std::uint8_t>(word >> 8);
-}
-
-inline int inputOf(const Machine& machine, int slot) {
-    const auto low = static_cast<std::size_t>(2 * (slot - 1));
-    return machine.diImage[low] | machine.diImage[low + 1] << 8;
-}
-
-// The DO word last delivered to a slot.
-inline std::uint32_t latchOf(const Machine& machine, int slot) {
-    return slot == slotQDA52 ? machine.doLatch52 : machine.doLatch[static_cast<std::size_t>(slot)];
-}
-
-// The first output pin of a slot, bit 0 of its word.
-inline Pin* outputsOf(Machine& machine, int slot) {
-    const auto group = static_cast<std::size_t>(16 * (slot - 1));
-    return slot == slotQDA52 ? &machine.picPI[group] : &machine.picPO[group];
-}
-
-// The slot that the maker's bench has at stations 1 to 4.
-inline int slotAt(int sa) {
-    return std::array{slotQDA73, slotQDA41, slotCascade, slotQDA52}[static_cast<std::size_t>(sa - 1)];
 }
 
 // A row of a table of numbers that needs no type of its own.

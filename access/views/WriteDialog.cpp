@@ -82,7 +82,6 @@ void WriteDialog::makeButtons() {
         cmdAction_[action]->setObjectName(QStringLiteral("cmdAction%1").arg(action));
         cmdAction_[action]->setGeometry(232, 58 + 38 * static_cast<int>(action), 76, 28);
     }
-    cmdAction_[0]->setDefault(true);
     connect(cmdAction_[0], &QPushButton::clicked, this, &QDialog::accept);
     connect(cmdAction_[1], &QPushButton::clicked, this, &QDialog::reject);
 }
@@ -92,9 +91,10 @@ void WriteDialog::openAt(QPoint place, bool byteWide) {
     opnAccess_[byteWide ? 1 : 0]->setChecked(true);
     setupAccess();
     placeWindow(*this, place);
+    txtWriteData_->setFocus();
+    cmdAction_[0]->setDefault(true);  // not the button that the dialog ended by before
     show();
     activateWindow();
-    txtWriteData_->setFocus();
 }
 
 Width WriteDialog::width() const {

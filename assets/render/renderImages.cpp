@@ -9,8 +9,8 @@
 //     renderImages SOURCE.svg OUTPUT-FOLDER SIZE...
 //
 // The first writes OUTPUT-FOLDER/SOURCE-<n>.argb, SOURCE-<n>@2x.argb and SOURCE-<n>@3x.argb. The second makes icons of the first
-// cell: SOURCE-<size>.png and SOURCE-<size>.argb for each size, SOURCE.ico for Windows and SOURCE.icns for macOS. Exit code 1 and a line on stderr
-// when the source can't be read, holds no image, or a file can't be written.
+// cell: SOURCE-<size>.png and SOURCE-<size>.argb for each size, SOURCE.ico for Windows and SOURCE.icns for macOS. Exit code 1 and
+// a line on stderr when the source can't be read, holds no image, or a file can't be written.
 
 #include <QBuffer>
 #include <QDataStream>

@@ -17,7 +17,6 @@ constexpr int itemsAtOnce = 16;
 
 BenchCombo::BenchCombo(const QString& name, const QStringList& items, int width, QWidget* parent) : QComboBox(parent) {
     setObjectName(name);
-    setAccessibleName(name);
     setFont(look::hexFont(11));
     addItems(items);
     setMaxVisibleItems(itemsAtOnce);

@@ -192,6 +192,7 @@ void BenchCombos::open(BenchPart* picture) {
         return;
     }
     if (!placed->box->isOpen()) {
+        placed->box->setAccessibleName(picture->spokenName());
         placed->box->open(placed->row->listIndex(machine_));
     }
     // A mouse goes to the box by itself.

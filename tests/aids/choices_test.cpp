@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "aids/circuitDiagrams.h"
 #include "aids/hintPages.h"
 #include "aids/progressLine.h"
 #include "tests/bench.h"
@@ -7,34 +6,6 @@
 #include <gtest/gtest.h>
 
 namespace {
-
-TEST(CircuitDiagram, follows_every_setting_that_it_shows) {
-    struct Case {
-        int index, cpuType, duplex;
-        bool cascade;
-        Diagram files;
-    };
-    Machine machine = makersMachine();
-    for (const Case& row :
-         {Case{0, 0, 16, true, {"QDA60_FULL_16BIT.BMP", ""}}, Case{0, 1, 16, true, {"QDA60_FULL_8BIT.BMP", ""}},
-          Case{0, 2, 0, true, {"QDA60_HALF_16BIT.BMP", ""}}, Case{0, 3, 0, true, {"QDA60_HALF_8BIT.BMP", ""}},
-          Case{1, 0, 16, true, {"QDA41_FULL_NEST.BMP", ""}}, Case{1, 0, 0, true, {"QDA41_FULL_NEST.BMP", "QDA41_ADD_HALF.BMP"}},
-          Case{1, 0, 16, false, {"QDA41_FULL.BMP", ""}}, Case{1, 1, 0, false, {"QDA41_FULL.BMP", "QDA41_ADD_HALF.BMP"}},
-          Case{2, 0, 0, true, {"QDA41_NEST.BMP", ""}}, Case{3, 0, 16, true, {"QDA73_FULL.BMP", ""}},
-          Case{3, 0, 0, true, {"QDA73_HALF.BMP", ""}}, Case{5, 0, 16, true, {}}, Case{-1, 0, 16, true, {}}}) {
-        machine.cpuType = static_cast<std::int16_t>(row.cpuType);
-        machine.duplexBit = static_cast<std::uint8_t>(row.duplex);
-        machine.picBridge.visible = row.cascade;
-        EXPECT_EQ(diagramFor(machine, row.index), row.files) << row.index << " " << row.files.picture;
-    }
-    for (machine.ios52 = 0; machine.ios52 < 8; ++machine.ios52) {
-        const std::string picture = "QDA52_IOS_" + std::to_string(machine.ios52) + ".BMP";
-        machine.duplexBit = 16;
-        EXPECT_EQ(diagramFor(machine, 4), (Diagram{picture, ""}));
-        machine.duplexBit = 0;
-        EXPECT_EQ(diagramFor(machine, 4), (Diagram{picture, "Qda52_add_half.bmp"}));
-    }
-}
 
 TEST(HintPages, are_the_lines_that_are_no_comment) {
     const std::vector<HintPage> pages{{"scr.bmp", "SCR"},       {"no tab", ""},       {"", ""},

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
 #include <map>
 
 namespace {
@@ -47,80 +48,34 @@ struct TourLanguage : testing::Test {
     }
 };
 
+// The lines of a section of the examples, parted at the arrow.
+std::vector<std::pair<std::string, std::string>> rowsOf(const std::string& section) {
+    std::ifstream file(VRB_SCENES "tourLanguage.txt");
+    std::vector<std::pair<std::string, std::string>> rows;
+    std::string inside;
+    for (std::string line; std::getline(file, line);) {
+        if (line.starts_with('[')) {
+            inside = line;
+        } else if (inside == section && !line.empty() && line[0] != '#') {
+            const auto arrow = line.find(" => ");
+            rows.emplace_back(line.substr(0, arrow), arrow == std::string::npos ? "" : line.substr(arrow + 4));
+        }
+    }
+    EXPECT_FALSE(rows.empty()) << section;
+    return rows;
+}
+
 constexpr auto none = TourSign::none;
 constexpr auto open = TourSign::open;
 constexpr auto done = TourSign::done;
 
 TEST_F(TourLanguage, tells_a_statement_from_a_slip) {
-    for (const char* right : {"",
-                              "  ",
-                              "click picPI 32 ; wait 1 ; image picPI 32 = 2 ; mem 102 0001",
-                              "wait 0.1",
-                              "write SCR.L 04",
-                              "set 7FE 1234",
-                              "mem 7FF 12",
-                              "sa 4 3F",
-                              "pick cmbIOS = 2 DI= 8bit DO= 8bit",
-                              "mode 1-Time",
-                              "open c1c7",
-                              "front bench",
-                              "drag read 0 560",
-                              "serial 1 5a3c",
-                              "says a ;b",
-                              "cycle SSR.L 81 82",
-                              "moves imgBelt",
-                              "still SSR",
-                              "lit picPower 5",
-                              "ok ; cancel ; silent",
-                              " ;  ; release ; ",
-                              "point CC",
-                              "key Ctrl+F6",
-                              "press settings = No3.カスケード接続",
-                              "shown version",
-                              "ticked hint = C1CR C2CR"}) {
-        EXPECT_EQ(readScript(right).wrong, "") << right;
+    EXPECT_EQ(readScript(" ;  ; release ; ").wrong, "");
+    for (const auto& row : rowsOf("[right]")) {
+        EXPECT_EQ(readScript(row.first).wrong, "") << row.first;
     }
-    for (const char* wrong : {"これは文です",
-                              "lit",
-                              "lit picA",
-                              "lit picChkLED 2",
-                              "lit picSE x",
-                              "reg CC 0000",
-                              "reg SCR.X 00",
-                              "reg SCR 04",
-                              "reg SCR.H 0004",
-                              "reg SCR 000G",
-                              "mem 102 001",
-                              "mem 103 0001",
-                              "mem 800 00",
-                              "mem 1020 00",
-                              "image picA 3 2",
-                              "image picA = two",
-                              "cycle SSR.L 81",
-                              "cycle SSR.L 81 0082",
-                              "sa 0 01",
-                              "sa 5 01",
-                              "sa 1 0001",
-                              "mode FAST",
-                              "open door",
-                              "press door = OK",
-                              "press control",
-                              "ticked bench = x",
-                              "key",
-                              "point XX",
-                              "close bench",
-                              "drag bench 1 1",
-                              "drag read 5",
-                              "wait",
-                              "wait x",
-                              "wait 1.",
-                              "says",
-                              "ok now",
-                              "click",
-                              "click picA 1 2",
-                              "click picA 99999999999999999999",
-                              "serial 0 5A"}) {
-        EXPECT_EQ(readScript(std::string("silent ; ") + wrong + " ; silent").wrong, wrong);
+    for (const auto& row : rowsOf("[wrong]")) {
+        EXPECT_EQ(readScript("silent ; " + row.first + " ; silent").wrong, row.first);
     }
 }
 
@@ -137,40 +92,8 @@ TEST_F(TourLanguage, sees_what_a_promise_speaks_of) {
     desk.down = "Byte";
     EXPECT_EQ(now("sa 3 20"), "hidden") << "the card isn't there";
     machine.picBridge.visible = true;
-    struct Row {
-        const char* promise;
-        const char* seen;
-    };
-    for (const Row& row : std::initializer_list<Row>{{"reg SCR 0000", "1234"},
-                                                     {"reg SCR.H 00", "12"},
-                                                     {"differs SCR.L 00", "34"},
-                                                     {"mem 580 00", "12"},  // the upper byte comes first
-                                                     {"mem 581 00", "34"},
-                                                     {"mem 580 0000", "1234"},
-                                                     {"moves SCR", "1234"},
-                                                     {"lit picChkLED 0", "dark"},
-                                                     {"dark picChkLED 1", "lit"},
-                                                     {"lit picSE 1", "lit"},
-                                                     {"lit picPower 3", "lit"},
-                                                     {"lit picPO 9", "lit"},
-                                                     {"lit picPI 70", "lit"},
-                                                     {"dark picPI 71", "no lamp"},
-                                                     {"image picA 2 = 1", "9"},
-                                                     {"moves picA", "7"},
-                                                     {"shown picA", "shown"},
-                                                     {"label lblA = x", "two words"},
-                                                     {"shown picX", "nothing"},
-                                                     {"image lblA = 1", "nothing"},
-                                                     {"sa 1 01", "0A"},
-                                                     {"sa 2 01", "1F"},
-                                                     {"sa 3 01", "20"},
-                                                     {"sa 4 01", "01"},
-                                                     {"bus x", "16bit-Bus Big"},
-                                                     {"ticked control = Byte", "Byte"},
-                                                     {"ticked control = Word", "not ticked"},
-                                                     {"ticked drc = Byte", "not ticked"},
-                                                     {"got 00", "5A"}}) {
-        EXPECT_EQ(now(row.promise), row.seen) << row.promise;
+    for (const auto& [promise, seen] : rowsOf("[seen]")) {
+        EXPECT_EQ(now(promise), seen) << promise;
     }
     desk.visible = false;
     for (const char* promise : {"lit picPO 9", "image picA = 7", "hidden picA", "label lblA = two words", "still picA"}) {

@@ -36,41 +36,4 @@ TEST(SerialWave, steps_where_a_bit_a_clock_or_the_load_does) {
     EXPECT_EQ(serialWave(2, 0).front(), (WavePoint{0, 105}));
 }
 
-// From the dialog's digits to C7, by either command, each slot on its own.
-TEST(SerialInput, waits_until_its_command_collects_it) {
-    for (const auto& [sa, command] : Rows<2>{{2, 7}, {2, 15}, {3, 7}, {3, 15}}) {
-        SCOPED_TRACE(testing::Message() << sa << " command " << command);
-        const auto index = static_cast<std::size_t>(sa - 2);
-        Machine machine = scanningMachine();
-        ticks(machine, 8);
-        ASSERT_EQ(picSDI_DblClick(machine, index), Answer{});
-        EXPECT_EQ(machine.serialEditSlot, static_cast<int>(index));
-        beginShift(machine, index);
-        EXPECT_TRUE(machine.picSerialInt[index].visible);
-        endShift(machine, index, "12aB");
-        EXPECT_FALSE(machine.picSerialInt[index].visible);
-        ticks(machine, 8);
-        EXPECT_TRUE(machine.picSE[index].lit);
-        EXPECT_EQ(picSDI_DblClick(machine, index), Answer(Popup{"SEがローレベル(LED点灯)中は入力できません。"}));
-        EXPECT_EQ(picSDI_DblClick(machine, 1 - index), Answer{}) << "the other slot is free";
-        setCommand(machine, sa, command);
-        ticks(machine, 8);
-        EXPECT_EQ(memoryWord(machine, serialBase + 2 * sa), 0x12AB);
-        EXPECT_FALSE(machine.picSE[index].lit || machine.serialReady[index]);
-        EXPECT_EQ(picSDI_DblClick(machine, index), Answer{});
-    }
-}
-
-TEST(SerialInput, cancelled_leaves_no_word_and_a_pulled_cable_keeps_it_waiting) {
-    Machine machine = scanningMachine();
-    beginShift(machine, 0);
-    endShift(machine, 0, "");
-    EXPECT_FALSE(machine.serialReady[0] || machine.picSerialInt[0].visible);
-    unplug(machine, 1);
-    endShift(machine, 0, "0001");
-    setCommand(machine, 2, 7);
-    ticks(machine, 40);
-    EXPECT_TRUE(machine.serialReady[0]);
-}
-
 }  // namespace

@@ -100,43 +100,11 @@ TEST(Settings, every_key_reaches_its_variable_and_control_and_no_other_and_reads
     }
 }
 
-TEST(Settings, are_read_onto_a_cleared_board_and_without_a_file_all_boards_stand_on_SA_1_off_the_cable) {
-    Machine machine = makersMachine();
-    machine.doLatch52 = 9;
-    machine.writeTempHighFull = true;
-    readSettings(machine, ProfileFile("[INIT]\nIOS-QDA52=6\n"));
-    EXPECT_EQ(machine.doLatch52, 0U);
-    EXPECT_FALSE(machine.writeTempHighFull);
-    EXPECT_EQ(valuesOf(machine), valuesIn("[INIT]\nIOS-QDA52=6\n"));
-
-    readSettings(machine, {});
-    setUpBench(machine);
-    EXPECT_EQ(machine.boardSA, (std::array<std::int16_t, 3>{1, 1, 1}));
-    for (const Connector& link : machine.picBOARD2_RXD) {
-        EXPECT_FALSE(link.plugged);
-    }
-    EXPECT_FALSE(machine.picBOARD1_RXD[0].plugged || machine.picBridge.visible);
-    EXPECT_EQ(machine.duplexBit, 16);
-}
-
-TEST(Settings, of_the_maker_put_four_answering_stations_on_the_cable) {
+TEST(Settings, of_the_maker_take_the_place_of_all_others) {
     Machine machine;
     readSettings(machine, ProfileFile("[INIT]\nTRANSFER=1\nCLOCK-QDA60=2\nMODE-QDA52=2\nOPENWINDOW5=1\n"));
     Mdef_Set(machine);
     EXPECT_EQ(valuesOf(machine), makersValues());
-
-    setUpBench(machine);
-    resetRegisters(machine);
-    machine.chipMemory[reg::scrHigh] = 5;
-    for (const int slot : {slotQDA73, slotQDA41, slotCascade, slotQDA52}) {
-        setInput(machine, slot, slot);
-    }
-    ticks(machine, 5);
-    for (const auto& [sa, slot] : Rows<2>{{1, slotQDA73}, {2, slotQDA41}, {3, slotCascade}, {4, slotQDA52}}) {
-        EXPECT_EQ(memoryWord(machine, diBase + 2 * sa), slot);
-        EXPECT_EQ(statusOf(machine, sa), 0);
-    }
-    EXPECT_EQ(statusOf(machine, 5), 0x14) << "nobody there";
 }
 
 TEST(Settings, a_save_writes_a_new_file_in_order_and_keeps_what_is_not_its_own) {
@@ -158,27 +126,23 @@ TEST(Settings, a_save_writes_a_new_file_in_order_and_keeps_what_is_not_its_own) 
     EXPECT_EQ(valuesIn(kept)[rowOf("CLOCK-QDA60")], 2);
 }
 
-TEST(Settings, saved_ones_reach_the_board_at_the_next_start) {
+TEST(Settings, saved_ones_reach_a_cleared_bench_at_the_next_start) {
     ProfileFile profile;
-    saveDialog(profile, with({}, {{"CABLECONNECTION", 1},
-                                  {"TRANSFER", 1},
-                                  {"CPUTYPE", 3},
-                                  {"SA-QDA41", 62},
-                                  {"SA-QDA73", 9},
-                                  {"SA-QDA52", 15},
-                                  {"CLOCK-QDA41", 2},
-                                  {"CASCADE-QDA41", 1},
-                                  {"IOS-QDA52", 7},
-                                  {"MODE-QDA52", 2}}));
-    Machine machine;
+    saveDialog(profile,
+               with({}, {{"CABLECONNECTION", 1}, {"TRANSFER", 1}, {"SA-QDA41", 62}, {"SA-QDA52", 15}, {"IOS-QDA52", 7}}));
+    Machine machine = makersMachine();
+    machine.doLatch52 = 9;
+    machine.writeTempHighFull = true;
     readSettings(machine, ProfileFile(profile.bytes()));
+    EXPECT_FALSE(machine.doLatch52 != 0 || machine.writeTempHighFull);
+    machine.cpuType = 3;
+    machine.boardClock = {0, 2, 1, 2};
+    machine.mode52 = 2;
     setUpBench(machine);
-    resetRegisters(machine);
-    EXPECT_TRUE(machine.picBOARD2_RXD[0].plugged && machine.picBridge.visible && bus8bit(machine) && bigEndian(machine));
-    EXPECT_EQ(machine.duplexBit, 0);
-    EXPECT_EQ(machine.boardSA, (std::array<std::int16_t, 3>{63, 10, 16})) << "indices became addresses";
-    EXPECT_EQ(machine.cmbClock41.listIndex, 2);
-    EXPECT_EQ(machine.cmbMode.listIndex, 2);
+    EXPECT_TRUE(machine.picBOARD2_RXD[0].plugged && !machine.picBridge.visible && machine.duplexBit == 0);
+    EXPECT_EQ(machine.boardSA, (std::array<std::int16_t, 3>{63, 1, 16})) << "indices became addresses";
+    const std::array shown{machine.cmbCPUType, machine.cmbClock41, machine.cmbBPS73, machine.cmbClock52, machine.cmbMode};
+    EXPECT_EQ(shown, (std::array<Combo, 5>{{{3}, {2}, {1}, {2}, {2}}}));
     EXPECT_FALSE(machine.picPI[79].visible) << "mode 7 takes pin 15 away";
 }
 

@@ -30,6 +30,7 @@ void release(void* memory) {
 
 // clang-format off
 void* operator new(std::size_t size) { return allocate(size); }
+void* operator new[](std::size_t size) { return allocate(size); }
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return allocate(size); }
 void operator delete(void* memory) noexcept { release(memory); }
 void operator delete[](void* memory) noexcept { release(memory); }
@@ -45,7 +46,7 @@ TEST(Allocation, firing_with_failures_noise_and_interrupts_makes_none) {
     setByte(machine, reg::int0Enable, 0xFB);
     setByte(machine, reg::int1Enable, 0xFF);
     for (int sa = 1; sa <= 4; ++sa) {
-        setCommand(machine, sa, 0x20 * (sa & 1));
+        setByte(machine, controlBase + 2 * sa, 0x20 * (sa & 1));
         setMemoryWord(machine, drcBase + 2 * sa, 0xFFFF);
     }
     TickBar bar;
@@ -57,7 +58,7 @@ TEST(Allocation, firing_with_failures_noise_and_interrupts_makes_none) {
         machine.diImage[2] ^= 0x81;
         setMemoryWord(machine, doBase + 2 * 4, firing);
         machine.serialReady[0] = true;
-        setCommand(machine, 2, firing % 16);
+        setByte(machine, controlBase + 2 * 2, firing % 16);
         timTick_Timer(machine, bar);
         lblRunMode_Click(machine, bar, modeOneTime);
         lblRunMode_Click(machine, bar, modeRun);

@@ -55,7 +55,7 @@ std::string nameOf(const QWidget* widget) {
 
 }  // namespace
 
-LearnersScreen::LearnersScreen() {
+LearnersScreen::LearnersScreen(bool titles) : titles_(titles) {
     for (QWidget* window : QApplication::topLevelWidgets()) {
         order_.emplace_back(window);
     }
@@ -67,7 +67,7 @@ bool LearnersScreen::eventFilter(QObject* watched, QEvent* event) {
         event->type() == QEvent::Show || event->type() == QEvent::ZOrderChange || event->type() == QEvent::WindowActivate;
     if (forward && watched->isWidgetType() && static_cast<QWidget*>(watched)->isWindow()) {
         auto* shown = static_cast<QWidget*>(watched);
-        const bool lower = std::count(placedByArea.begin(), placedByArea.end(), shown->objectName()) != 0;
+        const bool lower = titles_ && std::count(placedByArea.begin(), placedByArea.end(), shown->objectName()) != 0;
         if (event->type() == QEvent::Show && lower) {
             shown->move(shown->pos() + QPoint(0, titleHeight - thinEdge));
         }

@@ -19,7 +19,8 @@
 
 class LearnersScreen : public QObject {
 public:
-    LearnersScreen();
+    // Windows get the titles that a desktop draws, or the thin edge that the platform has.
+    explicit LearnersScreen(bool titles);
 
     // What a click at a point of the screen would find. Null on a title that the desktop draws, and where no window is.
     QWidget* at(QPoint global) const;
@@ -38,5 +39,6 @@ protected:
 private:
     QWidget* windowAt(QPoint global) const;
 
+    bool titles_;
     std::vector<QPointer<QWidget>> order_;  // without the layers, the one in front last
 };

@@ -7,12 +7,9 @@
 
 #pragma once
 
-#include "memwin/views/frmDump.h"
 #include "program/Program.h"
-#include "program/TourSight.h"
-#include "tests/views/BenchHand.h"
-#include "tests/views/LearnersScreen.h"
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -22,6 +19,7 @@ class TourPlayer {
 public:
     // With closed eyes it doesn't ask whether a window lies over what it touches and reads.
     explicit TourPlayer(Program& program, Eyes eyes = Eyes::open);
+    ~TourPlayer();
 
     // Every failure names the statement.
     void play(const std::string& script);
@@ -30,56 +28,8 @@ public:
     void forgetChecked() { checked_.clear(); }
 
 private:
-    BenchHand hand();
-    BenchPart* part(const Statement& s);
-    QWidget* window(const std::string& name);
+    class Hands;
 
-    // What keeps the learner from seeing it fails.
-    void see(const QWidget& widget, const QRect& rect);
-    void see(const QWidget& widget) { see(widget, widget.rect()); }
-    void click(QWidget& widget);
-    void look(const Statement& promise);
-    bool lookAtWindow(const std::string& name);
-    void lookAtBench(const std::string& name, std::size_t index);
-    void lookAtRegister(const Statement& s);
-    void lookAtMemory(const Statement& s);
-    QWidget* byTitle(const std::string& name, QPoint& title);
-    void front(const std::string& name);
-    void drag(const Statement& s);
-    void close(const std::string& name);
-    void fireFor(double seconds);
-
-    void hold(const Statement& s);
-    void pick(const Statement& s);
-    void mode(const std::string& name);
-    void openWindow(const std::string& name);
-    void press(const Statement& s);
-    void key(const std::string& keys);
-    void point(const Statement& s);
-    void enter(QWidget& dialog, const Statement& s);
-    frmDump* dumpOf(int place);  // null while nobody has opened it
-    QRect cellOf(frmDump& dump, int place);
-    void doubleClickCell(int place);
-    void read(const Statement& s);
-    void serial(const Statement& s);
-    void answer(Qt::Key key);
-
-    void check(const Statement& promise);
-    std::string now(const Statement& promise);
-    void cycle(const Statement& promise);
-    bool movesWithin(const Statement& promise);
-    void registerIsShown(const Statement& promise);
-    std::string said() const;
-
-    Program& program_;
-    const TourSight& sight_;
-    LearnersScreen screen_;
-    Eyes eyes_;
-    BenchPart* held_ = nullptr;
-    QPoint heldAt_;
+    std::unique_ptr<Hands> hands_;
     std::vector<std::string> checked_;
-    double sinceTick_ = 0;  // milliseconds
-    double sinceMotor_ = 0;
-    double sinceWatch_ = 0;
-    double sinceVersion_ = 0;
 };

@@ -1,45 +1,32 @@
 // SPDX-License-Identifier: Apache-2.0
 // The tours that come with the program, played from their first page to the last: what a page tells the learner to do is done,
 // and what it promises is checked. What is played stands in the third line of each page, which is never shown. The worked
-// values of the hint pages are played the same way.
+// values of the hint pages are played the same way, and so are the scenes of windows.play, which no tour comes to.
 
-#include "aids/views/frmNaviList.h"
-#include "aids/views/frmNavigation.h"
 #include "platform/textFile.h"
-#include "tests/views/TourPlayer.h"
-#include "tests/views/startedProgram.h"
+#include "tests/views/desk.h"
 
-#include <QDir>
-#include <QListWidget>
-#include <QPushButton>
 #include <QRegularExpression>
 
 namespace {
 
-const std::filesystem::path naviData = VRB_ASSETS "/NaviData";
-const std::filesystem::path hintPlays = VRB_ASSETS "/hints/hints.play";
+const fs::path naviData = VRB_ASSETS "/NaviData";
 
 std::vector<NaviRecord> toursOfIndex() {
     return readNaviIndex(readTextFile(naviData / "NaviIndex.txt").value_or(""),
-                         [](const std::string& name) { return std::filesystem::is_regular_file(naviData / name); });
+                         [](const std::string& name) { return fs::is_regular_file(naviData / name); });
 }
 
-class Played : public StartedProgram {
+class Played : public Desk {
 protected:
     void startPlay(Eyes eyes = Eyes::open) {
-        const std::filesystem::path here = folder.path().toStdString();
-        std::filesystem::copy(naviData, here / "NaviData");
-        for (const char* pictures : {"HintData", "Kairozu"}) {  // they give their windows the size that covers others
-            std::filesystem::copy(std::filesystem::path(VRB_BIN) / pictures, here / pictures);
+        for (const fs::path& given : {naviData, fs::path(VRB_BIN "/HintData"), fs::path(VRB_BIN "/Kairozu")}) {
+            giveFolder(given);  // pictures give their windows the size that covers others
         }
-        start(makersFile + "OPENWINDOW3=1\r\n");
-        fire();
-        program->aids().versionPanel() != nullptr ? program->aids().versionPanel()->hide() : void();
+        startAtBench(withDump);
         player.emplace(*program, eyes);
     }
     frmNavigation& tour() { return *program->aids().navigation(); }
-
-    std::optional<TourPlayer> player;
 };
 
 // What a page promises is red: each of its numbers must have been checked by the page's script.
@@ -63,27 +50,21 @@ class Tours : public Played, public testing::WithParamInterface<std::size_t> {};
 
 TEST_P(Tours, keep_what_they_promise) {
     startPlay();
-    const std::vector<NaviRecord> tours = toursOfIndex();
-    SCOPED_TRACE(tours[GetParam()].fileName);
-    QTest::mouseDClick(&main().label(Tool::navigator), Qt::LeftButton);
-    ASSERT_NE(program->aids().naviList(), nullptr);
-    program->aids().naviList()->lstTitle().setCurrentRow(static_cast<int>(GetParam()) - 1);
-    QTest::mouseClick(&program->aids().naviList()->cmdStart(), Qt::LeftButton);
+    SCOPED_TRACE(toursOfIndex()[GetParam()].fileName);
+    startTour(static_cast<int>(GetParam()) - 1);
     ASSERT_NE(program->aids().navigation(), nullptr) << "its file is missing";
-    main().timTick().setEnabled(false);
-    ASSERT_GE(tour().tour().naviPages, 8);
-    EXPECT_LE(tour().tour().naviPages, 20);
+    EXPECT_TRUE(tour().tour().naviPages >= 8 && tour().tour().naviPages <= 20) << tour().tour().naviPages;
     EXPECT_EQ(tour().tour().naviLines.size() % linesAPage, 0U);
-    int checks = 0;
+    std::size_t checks = 0;
     int signs = 0;
-    player->play("wait 1");
+    play("wait 1");
     while (true) {
         SCOPED_TRACE("page " + tour().lblIndex().toStdString());
         player->forgetChecked();
         signs += tour().picSign().sign() == TourSign::open ? 1 : 0;
-        player->play(std::string(shownLine(tour().tour(), linesShown)));
-        checks += static_cast<int>(player->checked().size());
-        player->play("wait 0.1");
+        play(std::string(shownLine(tour().tour(), linesShown)));
+        checks += player->checked().size();
+        play("wait 0.1");
         EXPECT_NE(tour().picSign().sign(), TourSign::open) << "the page's sign didn't see it";
         for (std::size_t row = 0; row < linesShown; ++row) {
             promisesAreChecked(tour().picNav(row), player->checked());
@@ -94,54 +75,76 @@ TEST_P(Tours, keep_what_they_promise) {
         }
         tour().activateWindow();  // a click there takes the keyboard along
         QApplication::processEvents();
-        QTest::mouseClick(&tour().cmdAction(frmNavigation::actionNext), Qt::LeftButton);
+        click(tour().cmdAction(frmNavigation::actionNext));
     }
-    EXPECT_GE(checks, 5) << "a tour shows something";
+    EXPECT_GE(checks, 5U) << "a tour shows something";
     EXPECT_GE(signs, 5) << "and sees it";
 }
 
 INSTANTIATE_TEST_SUITE_P(Navigator, Tours, testing::Range<std::size_t>(1, toursOfIndex().size()));
 
 TEST_F(Played, the_page_for_teachers_has_every_word_and_its_example_holds) {
-    const std::string text = readTextFile(VRB_ASSETS "/../docs/writing-a-tour.md").value_or("");
+    const std::string text = bytesOf(VRB_ASSETS "/../docs/writing-a-tour.md");
     for (const TourWord& word : tourWords()) {
         EXPECT_NE(text.find("`" + std::string(word.verb)), std::string::npos) << word.verb;
     }
     const std::string fence = "```tour\n";
-    const auto from = text.find(fence);
-    ASSERT_NE(from, std::string::npos);
-    Tour example = readTour(text.substr(from + fence.size(), text.find("```", from + 1) - from - fence.size()));
+    const auto from = text.find(fence) + fence.size();
+    const Tour example = readTour(text.substr(from, text.find("```", from) - from));
     ASSERT_EQ(example.naviPages, 1);
     startPlay();
-    player->play(std::string(shownLine(example, linesShown)));
+    play(std::string(shownLine(example, linesShown)));
     EXPECT_GE(player->checked().size(), 2U);
 }
 
 TEST_F(Played, worked_values_of_the_hint_pages_hold) {
-    const std::optional<std::string> plays = readTextFile(hintPlays);
-    ASSERT_TRUE(plays.has_value());
-    std::set<QString> pages;
-    for (const QString& line : QString::fromStdString(*plays).split('\n')) {
-        const QString text = line.trimmed();
-        if (text.isEmpty() || text.startsWith(';')) {
+    std::set<std::string> pages;
+    std::ifstream plays(VRB_ASSETS "/hints/hints.play");
+    startPlay(Eyes::closed);
+    for (std::string line; std::getline(plays, line);) {
+        if (line.empty() || line.front() == ';') {
             continue;
         }
-        SCOPED_TRACE(text.toStdString());
-        const auto end = text.indexOf(']');
-        ASSERT_TRUE(text.startsWith('[') && end > 0);
-        pages.insert(text.mid(1, end - 1));
-        if (program == nullptr) {
-            startPlay(Eyes::closed);
-        } else {
-            Mdef_Set(machine());
-            program->restartMachine();
-        }
+        SCOPED_TRACE(line);
+        const auto end = line.find(']');
+        ASSERT_TRUE(line.front() == '[' && end != std::string::npos);
+        pages.insert(line.substr(1, end - 1));
+        Mdef_Set(machine());
+        program->restartMachine();
         player->forgetChecked();
-        player->play("wait 1");
-        player->play(text.mid(end + 1).toStdString());
+        play("wait 1");
+        play(line.substr(end + 1));
         EXPECT_FALSE(player->checked().empty());
     }
     EXPECT_EQ(pages.size(), 16U) << "a page without a worked value";
 }
+
+// --- scenes on the windows ---------------------------------------------------------------------------------------------------
+
+using Scene = std::pair<std::string, std::string>;  // name and text
+
+std::vector<Scene> scenesOfFile() {
+    std::vector<Scene> scenes;
+    std::ifstream file(VRB_ASSETS "/../tests/views/windows.play");
+    for (std::string line; std::getline(file, line);) {
+        if (line.starts_with('[')) {
+            scenes.emplace_back(line.substr(1, line.find(']') - 1), "");
+        } else if (line.starts_with(' ')) {
+            scenes.back().second += line;
+        }
+    }
+    return scenes;
+}
+
+class Scenes : public Desk, public testing::WithParamInterface<Scene> {};
+
+TEST_P(Scenes, hold) {
+    giveFolder(VRB_BIN "/HintData");
+    startAtBench(withDump);
+    play(GetParam().second);
+    EXPECT_FALSE(player->checked().empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(, Scenes, testing::ValuesIn(scenesOfFile()), [](const auto& scene) { return scene.param.first; });
 
 }  // namespace
