@@ -15,7 +15,7 @@
 #include "platform/paths.h"
 #include "program/Program.h"
 #include "program/frmMDI.h"
-#include "tests/bench.h"
+#include "tests/machines.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

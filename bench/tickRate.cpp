@@ -5,7 +5,7 @@
 
 #include "platform/look.h"
 #include "program/frmMDI.h"
-#include "tests/bench.h"
+#include "tests/machines.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

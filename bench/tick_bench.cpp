@@ -2,7 +2,7 @@
 // How fast the machine ticks. "visits" is the number of visits a second.
 
 #include "core/runControl.h"
-#include "tests/bench.h"
+#include "tests/machines.h"
 
 #include <benchmark/benchmark.h>
 

@@ -8,7 +8,7 @@
 #include "platform/look.h"
 #include "program/Program.h"
 #include "program/frmMDI.h"
-#include "tests/bench.h"
+#include "tests/machines.h"
 
 #include <QApplication>
 #include <QMainWindow>

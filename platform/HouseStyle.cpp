@@ -8,6 +8,8 @@
 #include <QStyleFactory>
 #include <QStyleOption>
 
+#include <array>
+
 namespace {
 
 constexpr const char* useProperty = "buttonUse";
@@ -34,7 +36,7 @@ constexpr QRgb paper = 0xfffbfdfc;
 constexpr QRgb mint = 0xffd9efe1;
 constexpr QRgb ordinaryLine = 0xffa9b8b1;
 
-constexpr Coat coats[] = {
+constexpr auto coats = std::to_array<Coat>({
     {ButtonUse::dialog, When::always, paper, 0xff8fa098, 1, false},
     {ButtonUse::dialog, When::isDefault, mint, look::brandGreen, 0, true},
     {ButtonUse::dialog, When::hovered, 0, look::brandGreen, 0, false},
@@ -55,7 +57,7 @@ constexpr Coat coats[] = {
     {ButtonUse::runMode, When::focused, 0, look::focusLine, 2, false},
     {ButtonUse::runMode, When::checked, 0xffffa080, 0xffa8481f, 2, true},
     {ButtonUse::runMode, When::checkedAndFocused, 0, look::focusLine, 2, true},
-};
+});
 
 bool holds(When when, const QStyleOptionButton& button) {
     const auto in = [&button](QStyle::State state) { return (button.state & state) == state; };
@@ -85,7 +87,7 @@ Coat coatOf(const QStyleOptionButton& button, ButtonUse use) {
 
 // Margins around the caption, and the least size inside the line. The places of run modes and views are set by their windows.
 struct Measures {
-    int margin;
+    int margin = 0;
     QSize least;
 };
 

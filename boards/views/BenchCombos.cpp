@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "boards/views/BenchCombos.h"
 
-#include "access/memoryAccess.h"
-#include "boards/boardSet.h"
-#include "boards/counters.h"
-#include "boards/portPins.h"
+#include "boards/comboLists.h"
 #include "boards/views/BenchCombo.h"
 #include "boards/views/BenchScene.h"
 #include "boards/views/BenchView.h"
@@ -29,7 +26,7 @@ struct BenchComboRow {
     std::vector<std::size_t> pictures{0};
     int width = narrow;
     int shift = 0;  // to the left, where it would leave the card or go under the register window
-    QStringList items;
+    ItemList items;
     std::function<int(const Machine&)> listIndex;
     std::function<Answer(Machine&, int item)> commit;
     std::optional<int> diagram{};  // a circuit diagram that shows the setting
@@ -39,29 +36,12 @@ struct BenchComboRow {
 
 namespace {
 
-template <typename Items>
-QStringList listOf(const Items& items) {
-    QStringList list;
-    for (const auto& item : items) {
-        list += textOf(item);
+QStringList textsOf(const ItemList& items) {
+    QStringList texts;
+    for (int index = 0; index < items.count; ++index) {
+        texts += textOf(items.item(index));
     }
-    return list;
-}
-
-QStringList addressCaptions() {
-    QStringList list;
-    for (int item = 0; item < stationAddresses; ++item) {
-        list += QString::fromStdString(addressItem(item));
-    }
-    return list;
-}
-
-QStringList modeCaptions() {
-    QStringList list;
-    for (const IOSMode& mode : iosModes) {
-        list += textOf(mode.caption);
-    }
-    return list;
+    return texts;
 }
 
 template <Combo Machine::*combo>
@@ -81,7 +61,7 @@ BenchComboRow addressRow(std::size_t board) {
             .index = board,
             .picture = "picSA",
             .pictures = {2 * board, 2 * board + 1},
-            .items = addressCaptions(),
+            .items = initSACombos(),
             .listIndex = [board](const Machine& m) { return m.cmbSA[board].listIndex; },
             .commit = [board](Machine& m, int item) { return cmbSA_LostFocus(m, board, item); }};
 }
@@ -94,26 +74,26 @@ std::vector<BenchComboRow> makeComboRows() {
              .picture = "picClock",
              .pictures = {1},
              .shift = 14,
-             .items = listOf(clockItems),
+             .items = initClockCombos(),
              .listIndex = chosen<&Machine::cmbClock41>,
              .commit = silently<cmbClock41_LostFocus>},
             {.name = "cmbClock52",
              .picture = "picClock",
              .pictures = {3},
              .shift = 14,
-             .items = listOf(clockItems),
+             .items = initClockCombos(),
              .listIndex = chosen<&Machine::cmbClock52>,
              .commit = silently<cmbClock52_LostFocus>},
             {.name = "cmbBPS73",
              .picture = "picBPS73",
-             .items = listOf(rateItems),
+             .items = listOf<rateItems>(),
              .listIndex = chosen<&Machine::cmbBPS73>,
              .commit = silently<cmbBPS73_LostFocus>},
             {.name = "cmbCPUType",
              .picture = "picCPU",
              .width = 136,
              .shift = 44,
-             .items = listOf(cpuTypeNames),
+             .items = initCPUTypeCombo(),
              .listIndex = chosen<&Machine::cmbCPUType>,
              .commit = silently<cmbCPUType_LostFocus>,
              .diagram = 0,
@@ -122,7 +102,7 @@ std::vector<BenchComboRow> makeComboRows() {
              .picture = "picIOS",
              .width = 262,
              .shift = 110,
-             .items = modeCaptions(),
+             .items = initIOSCombo(),
              .listIndex = chosen<&Machine::cmbIOS>,
              .commit = cmbIOS_LostFocus,
              .diagram = 4},
@@ -130,7 +110,7 @@ std::vector<BenchComboRow> makeComboRows() {
              .picture = "picMode",
              .width = 126,
              .shift = 14,
-             .items = listOf(modeItems),
+             .items = initModeCombo(),
              .listIndex = chosen<&Machine::cmbMode>,
              .commit = [](Machine& m, int /*item*/) { return cmbMode_LostFocus(m); },
              .changesPointer = false}};
@@ -147,7 +127,7 @@ BenchCombos::BenchCombos(Machine& machine, const BenchScene& scene, BenchView& v
 }
 
 void BenchCombos::make(const BenchComboRow& row, const BenchScene& scene) {
-    Placed placed{&row, new BenchCombo(textOf(row.name), row.items, row.width, view_.viewport()), {}};
+    Placed placed{&row, new BenchCombo(textOf(row.name), textsOf(row.items), row.width, view_.viewport()), {}};
     for (const std::size_t picture : row.pictures) {
         placed.pictures.push_back(scene.part(row.picture, picture));
     }

@@ -2,7 +2,6 @@
 #include "boards/views/frmEditSerial.h"
 
 #include "boards/serialInput.h"
-#include "boards/views/BenchLabel.h"
 #include "platform/ImageList.h"
 #include "platform/OvertypeField.h"
 #include "platform/labels.h"

@@ -4,7 +4,7 @@
 #include "access/hexText.h"
 #include "access/memoryAccess.h"
 #include "access/registerView.h"
-#include "tests/bench.h"
+#include "tests/machines.h"
 
 #include <gtest/gtest.h>
 

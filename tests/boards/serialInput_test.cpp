@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "boards/serialInput.h"
 
-#include "tests/bench.h"
+#include "tests/machines.h"
 
 #include <gtest/gtest.h>
 

@@ -3,7 +3,7 @@
 
 #include "config/settings.h"
 
-#include "tests/bench.h"
+#include "tests/machines.h"
 
 #include <gtest/gtest.h>
 

@@ -4,7 +4,7 @@
 
 #include "boards/counters.h"
 #include "core/runControl.h"
-#include "tests/bench.h"
+#include "tests/machines.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 // The noise button: the press spoils one visit, then comes quiet, then random failures and a burst at one station.
 
 #include "boards/counters.h"
-#include "tests/bench.h"
+#include "tests/machines.h"
 
 #include <gtest/gtest.h>
 

@@ -6,7 +6,7 @@
 #include "boards/boardSet.h"
 #include "boards/stationCheck.h"
 #include "core/runControl.h"
-#include "tests/bench.h"
+#include "tests/machines.h"
 
 #include <gtest/gtest.h>
 

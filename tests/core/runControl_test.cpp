@@ -3,7 +3,7 @@
 
 #include "core/runControl.h"
 
-#include "tests/bench.h"
+#include "tests/machines.h"
 
 #include <gtest/gtest.h>
 

@@ -28,7 +28,7 @@
 #include "boards/serialInput.h"
 #include "boards/stationCheck.h"
 #include "core/pwmOutput.h"
-#include "tests/bench.h"
+#include "tests/machines.h"
 
 #include <gtest/gtest.h>
 

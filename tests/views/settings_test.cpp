@@ -3,7 +3,7 @@
 // away: nobody waits, nothing is lost, and the learner is told.
 
 #include "config/views/SettingsStore.h"
-#include "tests/bench.h"
+#include "tests/machines.h"
 #include "tests/platform/failingDisk.h"
 #include "tests/views/desk.h"
 

@@ -6,7 +6,7 @@
 // And hours of RUN, with every window open and nobody there: VRB_SOAK_MINUTES of simulated time.
 
 #include "access/hexText.h"
-#include "tests/bench.h"
+#include "tests/machines.h"
 #include "tests/views/desk.h"
 
 #include <random>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The bench that most tests start from.
+// The machines that most tests start from.
 
 #pragma once
 
