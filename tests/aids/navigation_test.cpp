@@ -6,9 +6,7 @@
 namespace {
 
 using Runs = std::vector<TextRun>;
-constexpr auto black = TextColour::black;
-constexpr auto blue = TextColour::blue;
-constexpr auto red = TextColour::red;
+using enum TextColour;
 
 TEST(Navigation, markers_colour_what_stands_behind_them) {
     EXPECT_EQ(markedRuns("青は#青&、赤は\\赤"), (Runs{{black, "青は"}, {blue, "青"}, {black, "、赤は"}, {red, "赤"}}));
@@ -50,10 +48,9 @@ TEST(Navigation, the_index_names_a_tour_a_line) {
                       [](const std::string& name) { return name == "T2.txt"; });
     ASSERT_EQ(index.size(), 3U);
     EXPECT_EQ(index[0].fileName, "");
-    EXPECT_FALSE(index[0].fileFound);
     EXPECT_EQ(index[1].fileName, "T1.txt");
     EXPECT_EQ(index[1].remark, "note\tmore");
-    EXPECT_FALSE(index[1].fileFound);
+    EXPECT_FALSE(index[0].fileFound || index[1].fileFound);
     EXPECT_EQ(index[2].title, "二番目");
     EXPECT_TRUE(index[2].fileFound);
 
