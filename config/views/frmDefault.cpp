@@ -27,6 +27,7 @@ constexpr int listLength = 16;
 constexpr int captionWidth = 68;
 constexpr int shortListWidth = 112;  // of the lists with a few letters an item
 
+// The one style sheet of the program: frames within frames, and a window that the start does not make.
 constexpr const char* dialogStyle = R"(
     QGroupBox {
         background: #fbfdfc; border: 1px solid #b4c2bb; border-radius: 5px; margin-top: 22px; padding: 4px 6px 4px 6px;
