@@ -193,6 +193,15 @@ void AidWindows::changeKAIROZU(int index) {
     }
 }
 
+void AidWindows::reloadPictures() {
+    if (frmHint* book = frmHint_.get()) {
+        book->reload();
+    }
+    if (frmKAIROZU_.visible()) {
+        frmKAIROZU_->changeKAIROZU(frmKAIROZU_->index(), diagramPlace);
+    }
+}
+
 // --- tours -------------------------------------------------------------------------------------------------------------------
 
 void AidWindows::loadNaviIndex() {
@@ -226,6 +235,14 @@ frmNavigation* AidWindows::makeNavigation() {
 
 void AidWindows::openNaviList() {
     frmNaviList_->openList();
+}
+
+void AidWindows::openTour(std::size_t number) {
+    if (number > 0 && number < naviIndex_.size() && naviIndex_[number].fileFound) {
+        startNavigation(number);
+    } else {
+        openNaviList();
+    }
 }
 
 void AidWindows::startNavigation(std::size_t number) {
