@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/HouseStyle.h"
 
+#include "platform/LateIcon.h"
 #include "platform/look.h"
 
 #include <QPainter>
@@ -159,6 +160,15 @@ QSize HouseStyle::sizeFromContents(ContentsType type, const QStyleOption* option
 
 int HouseStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
     return metric == PM_ToolTipLabelFrameWidth ? 3 : QProxyStyle::pixelMetric(metric, option, widget);
+}
+
+QIcon HouseStyle::standardIcon(StandardPixmap kind, const QStyleOption* option, const QWidget* widget) const {
+    const bool ofFrameMenu = kind == SP_TitleBarNormalButton || kind == SP_TitleBarMinButton || kind == SP_TitleBarMaxButton ||
+                             kind == SP_TitleBarCloseButton;
+    if (ofFrameMenu && option == nullptr) {
+        return QIcon(new LateIcon([kind, style = baseStyle()] { return style->standardIcon(kind); }));
+    }
+    return QProxyStyle::standardIcon(kind, option, widget);
 }
 
 int HouseStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget, QStyleHintReturn* data) const {

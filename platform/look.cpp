@@ -2,6 +2,7 @@
 #include "platform/look.h"
 
 #include "platform/HouseStyle.h"
+#include "platform/ImageList.h"
 #include "platform/browser.h"
 
 #include <QApplication>
@@ -19,10 +20,11 @@ namespace look {
 namespace {
 
 // The first family of a list that this machine has. Naming the others to Qt as well would have it look for substitutes of each
-// font before the first letter needs one.
+// font before the first letter needs one; asking it for one that isn't in its list does so, too.
 QString present(const QStringList& families) {
-    const auto found =
-        std::find_if(families.begin(), families.end(), [](const QString& name) { return QFontDatabase::hasFamily(name); });
+    const QStringList all = QFontDatabase::families();
+    const auto found = std::find_if(families.begin(), families.end(),
+                                    [&all](const QString& name) { return all.contains(name) || QFontDatabase::hasFamily(name); });
     return found != families.end() ? *found : families.front();
 }
 
@@ -138,6 +140,7 @@ void applyTo() {
     QApplication::setPalette(palette);
     QToolTip::setPalette(palette);
     QApplication::setFont(interfaceFont());
+    QApplication::setWindowIcon(programIcon());
 }
 
 }  // namespace look

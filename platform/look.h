@@ -51,7 +51,7 @@ void paintPanel(QPainter& painter, QRectF place, QRgb fill, QRgb line, int radiu
 void setInk(QWidget& widget, QRgb colour);
 void setGround(QWidget& widget, QRgb ground);
 
-// Style, palette and font of the application: the same on a dark desktop as on a light one.
+// Style, palette, font and icon of the application: the same on a dark desktop as on a light one.
 void applyTo();
 
 }  // namespace look

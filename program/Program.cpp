@@ -66,6 +66,8 @@ void Program::runNextStep() {
     const std::function<void()> step = std::move(steps_.front());
     steps_.pop_front();
     step();
+    // Where the desktop has a window painted at once, what the window itself posted when it was shown would paint it again.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::UpdateLater);
     QMetaObject::invokeMethod(this, &Program::runNextStep, Qt::QueuedConnection);
 }
 

@@ -196,6 +196,11 @@ QMdiArea& frmMDI::area() {
 }
 
 void frmMDI::holdPainting(bool held) {
+    if (!held) {
+        // The area is marked as one piece: what each control in it marks for itself would be painted a second time.
+        area_->lower();
+        area_->raise();
+    }
     area_->viewport()->setUpdatesEnabled(!held);
 }
 

@@ -54,8 +54,8 @@ QColor groundOf(int row) {
 
 // --- one value -------------------------------------------------------------------------------------------------------
 
-RegisterCell::RegisterCell(QString text, QColor ground, QWidget* parent)
-    : QWidget(parent), text_(std::move(text)), ground_(ground) {
+RegisterCell::RegisterCell(QString text, QColor ground, Drawn& drawn, QWidget* parent)
+    : QWidget(parent), text_(std::move(text)), ground_(ground), drawn_(drawn) {
     setFont(look::hexFont(12));
     setCursor(doubleClickPointer());
     setFocusPolicy(Qt::StrongFocus);
@@ -105,16 +105,17 @@ void RegisterCell::focusOutEvent(QFocusEvent* event) {
     QWidget::focusOutEvent(event);
 }
 
-// SSR walks through the same few values, fifty times a second: each is drawn once, and then only copied.
+// Most values are the same at the start, and SSR walks through the same few, fifty times a second: each is drawn once, and then
+// only copied.
 const QPixmap& RegisterCell::drawnText() {
-    if (drawnRatio_ != devicePixelRatioF() || drawn_.size() > mostDrawn) {
+    const qreal ratio = devicePixelRatioF();
+    if (drawn_.size() > mostDrawn) {
         drawn_.clear();
-        drawnRatio_ = devicePixelRatioF();
     }
-    QPixmap& picture = drawn_[{text_, red_}];
-    if (picture.isNull()) {
-        picture = QPixmap(size() * drawnRatio_);
-        picture.setDevicePixelRatio(drawnRatio_);
+    QPixmap& picture = drawn_[{text_, red_, ground_.rgb(), width()}];
+    if (picture.isNull() || picture.devicePixelRatio() != ratio) {
+        picture = QPixmap(size() * ratio);
+        picture.setDevicePixelRatio(ratio);
         picture.fill(ground_);
         QPainter painter(&picture);
         painter.setFont(font());
@@ -168,7 +169,7 @@ void frmRegister::makeRow(int row) {
         const bool binary = column >= binHigh;
         const Half half = column % 2 == 0 ? Half::high : Half::low;
         const QString blank = column == binHigh ? " " : "";
-        auto* cell = new RegisterCell(blank + (binary ? "0000_0000" : "00"), groundOf(row), this);
+        auto* cell = new RegisterCell(blank + (binary ? "0000_0000" : "00"), groundOf(row), drawn_, this);
         cell->setObjectName(QStringLiteral("%1%2").arg(places[column].name).arg(row));
         cell->setAccessibleName(QStringLiteral("%1 %2").arg(name, half == Half::high ? "15-8" : "7-0"));
         cell->setGeometry(cellPlace(places[column], cell->font(), topOfRow(row)));

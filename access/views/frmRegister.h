@@ -7,9 +7,11 @@
 #include "access/registerView.h"
 #include "platform/Timer.h"
 
-#include <QHash>
 #include <QPixmap>
 #include <QWidget>
+
+#include <map>
+#include <tuple>
 
 // One value of the window: a half of a register, in hexadecimal or binary. Painted by itself on its own ground: SSR changes with
 // every firing, and nothing else is to be painted for it.
@@ -17,7 +19,10 @@ class RegisterCell : public QWidget {
     Q_OBJECT
 
 public:
-    RegisterCell(QString text, QColor ground, QWidget* parent);
+    // Texts as they were drawn, for all cells of a window: by text, whether red, ground and width.
+    using Drawn = std::map<std::tuple<QString, bool, QRgb, int>, QPixmap>;
+
+    RegisterCell(QString text, QColor ground, Drawn& drawn, QWidget* parent);
 
     void show(const QString& text, bool red);
     const QString& text() const { return text_; }
@@ -37,13 +42,12 @@ protected:
 private:
     const QPixmap& drawnText();
 
-    static constexpr qsizetype mostDrawn = 64;
+    static constexpr std::size_t mostDrawn = 128;
     QString text_;
     QColor ground_;
     bool red_ = false;
     bool ring_ = false;
-    QHash<std::pair<QString, bool>, QPixmap> drawn_;
-    qreal drawnRatio_ = 0;
+    Drawn& drawn_;
 };
 
 class frmRegister : public QWidget {
@@ -78,6 +82,7 @@ private:
 
     Machine& machine_;
     RegisterView view_;
+    RegisterCell::Drawn drawn_;
     std::array<std::array<RegisterCell*, 4>, registerRows + 1> cells_{};
     // What the cells show, to leave alone what didn't change.
     struct Shown {

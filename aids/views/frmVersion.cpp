@@ -94,7 +94,7 @@ void frmVersion::makeTexts() {
         label->setFont(fontOf(row.style));
         look::setInk(*label, inkOf(row.style));
         label->setTextFormat(Qt::PlainText);
-        label->adjustSize();
+        label->resize(label->fontMetrics().size(0, row.text));  // the label's own hint lays the text out three times
         label->move(row.left != 0 ? row.left : (width() - label->width()) / 2, row.top);
     }
     const ImageList pointers("ilsMouse");

@@ -21,7 +21,6 @@ BenchCombo::BenchCombo(const QString& name, const QStringList& items, int width,
     addItems(items);
     setMaxVisibleItems(itemsAtOnce);
     setFixedSize(width, boxHeight);
-    view()->setTextElideMode(Qt::ElideNone);
     hide();
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget* before, QWidget* now) {
         // Its own list is a window for itself.
@@ -38,6 +37,7 @@ BenchCombo::BenchCombo(const QString& name, const QStringList& items, int width,
 
 void BenchCombo::open(int listIndex) {
     setCurrentIndex(listIndex);
+    view()->setTextElideMode(Qt::ElideNone);
     first_ = listIndex;
     open_ = true;
     hadFocus_ = false;
@@ -65,6 +65,15 @@ void BenchCombo::end(bool commit) {
         emit committed(chosen);
     }
     emit opened(false);
+}
+
+// A list takes over the font of its box when it is made, at the first opening. Qt would make it to hand the font on.
+void BenchCombo::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::FontChange && isHidden()) {
+        QWidget::changeEvent(event);
+    } else {
+        QComboBox::changeEvent(event);
+    }
 }
 
 void BenchCombo::focusInEvent(QFocusEvent* event) {

@@ -108,6 +108,7 @@ TEST_F(Bench, a_box_commits_when_it_had_the_focus) {
     box.setFocus(Qt::MouseFocusReason);
     box.showPopup();
     EXPECT_TRUE(box.isOpen()) << "a list that drops down is no commit";
+    EXPECT_EQ(box.view()->font(), box.font());
     EXPECT_EQ(box.view()->viewport()->height() / box.view()->sizeHintForRow(0), 16) << "at the box, not over the whole screen";
     box.hidePopup();
     box.setFocus();

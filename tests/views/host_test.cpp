@@ -219,7 +219,8 @@ TEST_F(Host, a_memory_window_moves_with_its_view_and_goes_out_of_the_area_and_ba
 // Cells keep what they have drawn: the same text in the other colour, and a text that comes back, are drawn as they are.
 TEST_F(Host, paints_what_its_cells_say) {
     startAtBench(withDump);
-    RegisterCell cell("00", Qt::white, nullptr);
+    RegisterCell::Drawn drawn;
+    RegisterCell cell("00", Qt::white, drawn, nullptr);
     cell.resize(30, 18);
     const auto picture = [&cell](const QString& text, bool red) {
         cell.show(text, red);
@@ -233,6 +234,9 @@ TEST_F(Host, paints_what_its_cells_say) {
     }
     EXPECT_EQ(picture("00", false), black);
     EXPECT_EQ(picture("00", true), red);
+    RegisterCell neighbour("00", Qt::yellow, drawn, nullptr);
+    neighbour.resize(cell.size());
+    EXPECT_EQ(neighbour.grab().toImage().pixelColor(0, 0), Qt::yellow) << "each on its own ground";
 
     const QImage grid = dump().grid().grab().toImage();
     const auto dark = [](const QColor& colour) { return colour.lightness() < 150; };
