@@ -25,8 +25,9 @@ QPixmap plainPicture(const QString& path) {
     constexpr qsizetype headSize = 12;
     const QResource resource(path);
     const bool packed = resource.compressionAlgorithm() != QResource::NoCompression;
-    const QByteArray bytes = packed ? resource.uncompressedData()
-                                    : QByteArray::fromRawData(reinterpret_cast<const char*>(resource.data()), static_cast<qsizetype>(resource.size()));
+    const QByteArray bytes =
+        packed ? resource.uncompressedData()
+               : QByteArray::fromRawData(reinterpret_cast<const char*>(resource.data()), static_cast<qsizetype>(resource.size()));
     if (bytes.size() < headSize) {
         return {};
     }

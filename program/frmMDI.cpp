@@ -3,8 +3,8 @@
 
 #include "platform/HouseStyle.h"
 #include "platform/ImageList.h"
-#include "platform/labels.h"
 #include "platform/browser.h"
+#include "platform/labels.h"
 #include "platform/look.h"
 #include "program/DeskArea.h"
 

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "platform/ImageList.h"
 #include "platform/browser.h"
 #include "platform/look.h"
 #include "platform/paths.h"
@@ -40,7 +39,6 @@ void begin(Run& run) {
     QApplication::setApplicationName("VRB-TS");
     QApplication::setDesktopFileName("vrb-ts");  // by it a desktop finds name and icon
     const std::optional<std::size_t> tour = tourAskedFor(run.application);
-    QApplication::setWindowIcon(programIcon());
     QApplication::setQuitOnLastWindowClosed(false);  // only the exit question ends the program
     const std::filesystem::path folder = programFolder(pathOf(QApplication::applicationDirPath()));
     look::addFonts(textOfPath(folder / "fonts"));
