@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // Measures whether RUN makes its ticks: runs the main window's timer for some seconds and compares with 67 ticks every 20 ms.
 //
-//     bench_tickRate [SECONDS]     60 by default
+//     benchmark_tickRate [SECONDS]     60 by default
 
 #include "platform/look.h"
 #include "program/frmMDI.h"
