@@ -160,18 +160,13 @@ TEST_F(Files, of_pictures_are_of_the_formats_meant_and_within_their_bounds) {
         std::string bytes;
         std::string reason;
     };
-    for (const Row& row : {Row{"1.BMP", encoded("BMP", 9, 9), ""},
-                           {"2.BMP", encoded("BMP", 4096, 1), ""},
-                           {"3.BMP", encoded("BMP", 4097, 1), " は大きすぎます。"},
-                           {"4.BMP", encoded("BMP", 1, 4097), " は大きすぎます。"},
-                           {"5.BMP", claims, " は大きすぎます。"},
-                           {"6.BMP", svg, notBmp},
-                           {"7.BMP", encoded("PNG", 9, 9), notBmp},
-                           {"8.BMP", encoded("JPG", 9, 9), notBmp},
-                           {"9.BMP", "", notBmp},
-                           {"../" + folder.filename().string() + "/1.BMP", "", " はフォルダの外のファイルです。"},
-                           {"none.BMP", "", " が見つかりません。"},
-                           {"", "", "画像のファイル名がありません。"}}) {
+    for (const Row& row :
+         {Row{"1.BMP", encoded("BMP", 9, 9), ""}, Row{"2.BMP", encoded("BMP", 4096, 1), ""},
+          Row{"3.BMP", encoded("BMP", 4097, 1), " は大きすぎます。"}, Row{"4.BMP", encoded("BMP", 1, 4097), " は大きすぎます。"},
+          Row{"5.BMP", claims, " は大きすぎます。"}, Row{"6.BMP", svg, notBmp}, Row{"7.BMP", encoded("PNG", 9, 9), notBmp},
+          Row{"8.BMP", encoded("JPG", 9, 9), notBmp}, Row{"9.BMP", "", notBmp},
+          Row{"../" + folder.filename().string() + "/1.BMP", "", " はフォルダの外のファイルです。"},
+          Row{"none.BMP", "", " が見つかりません。"}, Row{"", "", "画像のファイル名がありません。"}}) {
         if (row.name.size() == 5) {
             put(folder / row.name, row.bytes);
         }
@@ -202,14 +197,10 @@ TEST_F(Files, beside_a_picture_twice_its_size_are_taken_where_they_fit) {
         bool older = false;
         std::uintmax_t length = 0;
     };
-    for (const Row& row : {Row{encoded("PNG", 120, 80, Qt::red), 2, 2},
-                           {encoded("PNG", 120, 80, Qt::red), 1.5, 2},
-                           {encoded("PNG", 120, 80, Qt::red), 1, 1},
-                           {encoded("PNG", 120, 80, Qt::red), 2, 1, true},
-                           {encoded("PNG", 120, 81, Qt::red), 2, 1},
-                           {encoded("BMP", 120, 80, Qt::red), 2, 1},
-                           {broken, 2, 1},
-                           {encoded("PNG", 120, 80, Qt::red), 2, 1, false, std::uintmax_t{12} << 30}}) {
+    for (const Row& row : {Row{encoded("PNG", 120, 80, Qt::red), 2, 2}, Row{encoded("PNG", 120, 80, Qt::red), 1.5, 2},
+                           Row{encoded("PNG", 120, 80, Qt::red), 1, 1}, Row{encoded("PNG", 120, 80, Qt::red), 2, 1, true},
+                           Row{encoded("PNG", 120, 81, Qt::red), 2, 1}, Row{encoded("BMP", 120, 80, Qt::red), 2, 1},
+                           Row{broken, 2, 1}, Row{encoded("PNG", 120, 80, Qt::red), 2, 1, false, std::uintmax_t{12} << 30}}) {
         put(twice, row.bytes);
         if (row.length != 0) {
             fs::resize_file(twice, row.length);

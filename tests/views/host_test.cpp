@@ -236,6 +236,10 @@ TEST_F(Host, paints_what_its_cells_say) {
 
     const QImage grid = dump().grid().grab().toImage();
     const auto dark = [](const QColor& colour) { return colour.lightness() < 150; };
+    for (const auto side : {DumpGrid::Side::data, DumpGrid::Side::ascii}) {
+        EXPECT_TRUE(holds(grid.copy(dump().grid().cellRect(15, side).translated(0, -14)), dark))
+            << "a digit heads the last column";
+    }
     for (int at = 0; at < 3 * 128; ++at) {
         EXPECT_TRUE(holds(grid.copy(dump().grid().cellRect(at, DumpGrid::Side::data)), dark)) << at;
         if (at % 128 == 0) {
