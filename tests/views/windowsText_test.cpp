@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // Every widget, part and label that the learner can meet, as one text: class, name, place, words, tool tip, pointer, font, ink;
-// and every kind of button in every state. It is compared with windows.approved.txt, which a person has read. After a change that is meant:
+// and every kind of button in every state. It is compared with windows.approved.txt, which a person has read. After a change that
+// is meant:
 //
 //   VRB_APPROVE=1 build/release/tests/window_tests --gtest_filter='Windows.*'
 //
