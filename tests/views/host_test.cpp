@@ -263,6 +263,7 @@ TEST_F(Host, a_firing_that_changes_nothing_repaints_nothing_and_a_change_its_own
         }
     };
     program->memory().openArea(Area::controlDoDi);
+    key(Qt::Key_Right);  // for the ring
     fire(40);
     QApplication::processEvents();
     DumpGrid& grid = dump().grid();

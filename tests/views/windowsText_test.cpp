@@ -18,6 +18,7 @@
 
 #include <QComboBox>
 #include <QGraphicsSimpleTextItem>
+#include <QLayout>
 #include <QMdiSubWindow>
 #include <QPainter>
 #include <QStyleOption>
@@ -42,12 +43,14 @@ QString pointerText(const QCursor& cursor) {
 
 // The place, as far as no font has a say in it.
 QString placeOf(const QWidget& widget) {
-    const bool laidOut = widget.layout() != nullptr && !widget.inherits("QMdiSubWindow");
-    const bool windowOfTextSize =
-        laidOut || widget.inherits("frmMessage") || widget.inherits("frmDialog") || widget.inherits("QMessageBox");
+    const bool windowOfTextSize = widget.inherits("frmMessage") || widget.inherits("frmDialog") || widget.inherits("QMessageBox");
     const QWidget* parent = widget.isWindow() ? nullptr : widget.parentWidget();
     if (parent != nullptr && parent->inherits("frmDialog") && widget.inherits("QPushButton")) {
         return QStringLiteral(" middle %1, foot %2").arg(widget.x() - parent->width() / 2).arg(widget.y() - parent->height());
+    }
+    if (const QLayout* layout = widget.layout(); layout != nullptr && !widget.inherits("QMdiSubWindow")) {
+        const QMargins in = layout->contentsMargins();
+        return QStringLiteral(" margins %1 %2 %3 %4").arg(in.left()).arg(in.top()).arg(in.right()).arg(in.bottom());
     }
     if (windowOfTextSize || (parent != nullptr && (parent->layout() != nullptr || parent->inherits("frmDialog")))) {
         return {};
@@ -108,8 +111,9 @@ QString stateOf(const QWidget& widget) {
     } else if (widget.focusPolicy() != Qt::NoFocus) {
         add(true, widget.focusPolicy() == Qt::StrongFocus ? "keys" : widget.focusPolicy() == Qt::TabFocus ? "Tab" : "wheel");
     }
-    add((widget.windowFlags() & Qt::WindowMinimizeButtonHint) != 0, "minimizes");
-    add((widget.windowFlags() & Qt::WindowCloseButtonHint) != 0, "closes");
+    const bool framed = widget.isWindow() || widget.inherits("QMdiSubWindow");
+    add(framed && (widget.windowFlags() & Qt::WindowMinimizeButtonHint) != 0, "minimizes");
+    add(framed && (widget.windowFlags() & Qt::WindowCloseButtonHint) != 0, "closes");
     if (const QPalette& own = widget.palette(); own != QApplication::palette()) {
         text += " ink " + own.color(QPalette::WindowText).name() + " on " + own.color(QPalette::Window).name();
     }
