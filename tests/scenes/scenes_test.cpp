@@ -239,7 +239,6 @@ const Table<Gesture> gestures{
     RULE(picNoise_MouseUp),     RULE(picPI_Click),        RULE(picReset_DblClick),      RULE(picReset_MouseUp),
     RULE(picSDI_DblClick),      RULE(picSSA_DblClick),    RULE(picSSB_DblClick),        RULE(registerWriteRefusal),
     RULE(resetRegisters),       RULE(setUpBench),         RULE(timMotor_Timer)};
-#undef RULE
 
 // Title and text, without blanks and line ends.
 std::string toldBy(const Answer& answer) {
