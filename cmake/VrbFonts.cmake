@@ -22,6 +22,22 @@ function(vrb_fonts)
     list(APPEND fonts ${VRB_FONT_${name}})
   endforeach()
   set(stamp ${CMAKE_CURRENT_BINARY_DIR}/fonts.stamp)
+  if(EMSCRIPTEN)
+    # A page takes no more of them than it shows.
+    find_program(VRB_DEBIAN_PYTHON python3 PATHS /usr/bin NO_DEFAULT_PATH REQUIRED)  # fonttools are a package of it
+    set(script ${PROJECT_SOURCE_DIR}/assets/fonts/subset_fonts.py)
+    file(GLOB texts CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/assets/NaviData/*.txt ${PROJECT_SOURCE_DIR}/*/*.cpp
+         ${PROJECT_SOURCE_DIR}/*/views/*.cpp ${PROJECT_SOURCE_DIR}/*/*.h ${PROJECT_SOURCE_DIR}/*/views/*.h)
+    add_custom_command(
+      OUTPUT ${stamp}
+      COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_BINARY_DIR}/bin/fonts
+      COMMAND ${VRB_DEBIAN_PYTHON} -B ${script} ${CMAKE_BINARY_DIR}/bin/fonts --fonts ${fonts} --texts ${texts}
+      COMMAND ${CMAKE_COMMAND} -E touch ${stamp}
+      DEPENDS ${script} ${fonts} ${texts}
+      VERBATIM)
+    set_property(GLOBAL APPEND PROPERTY vrb_beside ${stamp})
+    return()
+  endif()
   add_custom_command(
     OUTPUT ${stamp}
     COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_BINARY_DIR}/bin/fonts

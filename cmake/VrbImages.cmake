@@ -34,10 +34,41 @@ function(vrb_images target set)
       COMMENT "Rendering ${name}"
       VERBATIM)
   endforeach()
+  if(EMSCRIPTEN)
+    foreach(scale IN ITEMS 1 2 3)
+      string(REPLACE ".argb" "@${scale}x.argb" pictures "${plain}")
+      string(REPLACE "@1x" "" pictures "${pictures}")
+      set(charts ${pictures})
+      list(FILTER charts INCLUDE REGEX "/ilsOsiro-")
+      list(FILTER pictures EXCLUDE REGEX "/ilsOsiro-")
+      vrb_image_file(pictures${scale} ${pictures})
+      vrb_image_file(charts${scale} ${charts})
+    endforeach()
+    return()
+  endif()
   # Those of the usual size are painted from where they lie: unpacking them would be a tenth of the start.
   set(where PREFIX "/images" BASE ${CMAKE_CURRENT_BINARY_DIR}/images)
   qt_add_resources(${target} "images" ${where} FILES ${plain} OPTIONS --no-compress)
   qt_add_resources(${target} "images_high_resolution" ${where} FILES ${packed})
+endfunction()
+
+# A page begins with the file of the pictures of one scale. The charts, a third of them, and other scales come when they are wanted.
+function(vrb_image_file name)
+  set(list ${CMAKE_CURRENT_BINARY_DIR}/${name}.qrc)
+  set(entries "")
+  foreach(picture IN LISTS ARGN)
+    get_filename_component(alias ${picture} NAME)
+    string(APPEND entries "<file alias=\"${alias}\">${picture}</file>\n")
+  endforeach()
+  file(CONFIGURE OUTPUT ${list} CONTENT "<RCC><qresource prefix=\"/images\">\n${entries}</qresource></RCC>\n" @ONLY)
+  set(file ${CMAKE_BINARY_DIR}/bin/${name}.rcc)
+  add_custom_command(
+    OUTPUT ${file}
+    COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_BINARY_DIR}/bin
+    COMMAND Qt6::rcc --binary --compress-algo zlib --compress 9 -o ${file} ${list}
+    DEPENDS ${list} ${ARGN}
+    VERBATIM)
+  set_property(GLOBAL APPEND PROPERTY vrb_beside ${file})
 endfunction()
 
 # The program's own icon, from the one drawing: square pictures of the usual sizes, and the containers that Windows and macOS

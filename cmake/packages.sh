@@ -70,6 +70,9 @@ hint_packages() {
   # What building for Windows and packing for it need on top, and what its tests need.
   windows_packages=(dpkg-dev g++-mingw-w64-x86-64-posix mingw-w64-tools nsis unzip)
   windows_test_packages=(googletest wine wine64 xdotool xvfb xauth openbox imagemagick)
+  # What building for the browser and packing for it need on top, and what its tests need.
+  web_packages=(dpkg-dev emscripten node-acorn python3-fonttools zip)
+  web_test_packages=(chromium npm)
   # What a look at the program without a display needs.
   screen_packages=(xvfb xauth openbox imagemagick)
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/ImageList.h"
 
+#include "platform/browser.h"
+
 #include <QDir>
 #include <QGuiApplication>
 #include <QImage>
@@ -24,7 +26,7 @@ QPixmap plainPicture(const QString& path) {
     const QResource resource(path);
     const bool packed = resource.compressionAlgorithm() != QResource::NoCompression;
     const QByteArray bytes = packed ? resource.uncompressedData()
-                                    : QByteArray::fromRawData(reinterpret_cast<const char*>(resource.data()), resource.size());
+                                    : QByteArray::fromRawData(reinterpret_cast<const char*>(resource.data()), static_cast<qsizetype>(resource.size()));
     if (bytes.size() < headSize) {
         return {};
     }
@@ -49,7 +51,20 @@ QPixmap plainPicture(const QString& path) {
 }  // namespace
 
 QPixmap ImageList::image(int number, qreal devicePixelRatio) const {
-    const int scale = std::clamp(static_cast<int>(std::ceil(devicePixelRatio)), 1, largestScale);
+    const int wanted = std::clamp(static_cast<int>(std::ceil(devicePixelRatio)), 1, largestScale);
+    QPixmap picture = imageAt(number, wanted);
+    if constexpr (inBrowser) {
+        if (picture.isNull()) {
+            page::wantPictures(name_, wanted);
+        }
+        for (int other = 1; picture.isNull() && other <= largestScale; ++other) {
+            picture = imageAt(number, other);  // meanwhile
+        }
+    }
+    return picture;
+}
+
+QPixmap ImageList::imageAt(int number, int scale) const {
     const QString suffix = scale == 1 ? QString() : QStringLiteral("@%1x").arg(scale);
     QPixmap picture = plainPicture(QStringLiteral(":/images/%1-%2%3.argb").arg(name_).arg(number).arg(suffix));
     picture.setDevicePixelRatio(scale);

@@ -21,6 +21,8 @@ public:
     QCursor cursor(int number, QPoint hotSpot) const;
 
 private:
+    QPixmap imageAt(int number, int scale) const;
+
     QString name_;
 };
 

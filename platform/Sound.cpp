@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/Sound.h"
 
+#include "platform/browser.h"
 #include "platform/waveFile.h"
 
 #include <QApplication>
@@ -18,6 +19,14 @@ bool Sound::open(const QString& file) {
 
 void Sound::playBeep() {
     if (wave_ == nullptr || !wave_->play()) {
+        systemBeep();
+    }
+}
+
+void Sound::systemBeep() {
+    if constexpr (inBrowser) {
+        page::playTone();
+    } else {
         QApplication::beep();
     }
 }

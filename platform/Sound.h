@@ -22,6 +22,8 @@ public:
 
     // From the start of the file, also when it is still sounding. The system's beep without a file or a device.
     void playBeep();
+    // The beep that the desktop has for a gesture that leads nowhere.
+    static void systemBeep();
 
 private:
     std::unique_ptr<WaveFile> wave_;

@@ -23,6 +23,11 @@ public:
         enabled_ = enabled;
         apply();
     }
+    // Stands still while held, whatever else is asked of it.
+    void hold(bool held) {
+        held_ = held;
+        apply();
+    }
 
     int interval() const { return interval_; }
     bool running() const { return timer_.isActive(); }
@@ -35,7 +40,7 @@ signals:
 
 private:
     void apply() {
-        if (enabled_ && interval_ > 0) {
+        if (enabled_ && !held_ && interval_ > 0) {
             timer_.start(interval_);
         } else {
             timer_.stop();
@@ -45,4 +50,5 @@ private:
     QTimer timer_;
     int interval_ = 0;
     bool enabled_ = true;
+    bool held_ = false;
 };

@@ -2,6 +2,7 @@
 #include "platform/look.h"
 
 #include "platform/HouseStyle.h"
+#include "platform/browser.h"
 
 #include <QApplication>
 #include <QDir>
@@ -39,8 +40,8 @@ QFont fontOf(const QStringList& families, int pixelSize, bool fixed = false) {
 
 // Debian's families first, then those of Windows and macOS.
 const QString& japanese() {
-    static const QString family =
-        present({"IPAPGothic", "Yu Gothic UI", "Meiryo", "MS PGothic", "Hiragino Sans", "Noto Sans CJK JP", "DejaVu Sans"});
+    static const QString family = present({"IPAPGothic", "VRB PGothic", "Yu Gothic UI", "Meiryo", "MS PGothic", "Hiragino Sans",
+                                           "Noto Sans CJK JP", "DejaVu Sans"});
     return family;
 }
 
@@ -56,8 +57,14 @@ QFont textFont(int pixelSize) {
 }
 
 QFont columnFont(int pixelSize) {
-    static const QStringList families{
-        present({"IPAGothic", "MS Gothic", "Osaka-Mono", "Noto Sans Mono CJK JP", "DejaVu Sans Mono"})};
+    static const QStringList families = [] {
+        QStringList found{
+            present({"IPAGothic", "VRB Gothic", "MS Gothic", "Osaka-Mono", "Noto Sans Mono CJK JP", "DejaVu Sans Mono"})};
+        if constexpr (inBrowser) {
+            found << japanese();  // whose kanji, as wide, are not sent twice
+        }
+        return found;
+    }();
     return fontOf(families, pixelSize, true);
 }
 

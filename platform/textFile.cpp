@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/textFile.h"
 
+#include "platform/browser.h"
 #include "platform/paths.h"
 #include "platform/wholeFile.h"
 
@@ -24,6 +25,10 @@ std::optional<QString> decoded(QStringDecoder decoder, const std::string& bytes)
 }
 
 std::optional<QString> decodedShiftJis(const std::string& bytes) {
+    if constexpr (inBrowser) {
+        QString text = page::decoded(bytes, "shift_jis");
+        return text.contains(QChar::ReplacementCharacter) ? std::nullopt : std::optional(std::move(text));
+    }
 #ifdef Q_OS_WIN
     // Qt has no table of its own, and the library that it asks elsewhere is not there.
     constexpr UINT codePage = 932;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/wholeFile.h"
 
+#include "platform/browser.h"
 #include "platform/paths.h"
 
 #include <QFileInfo>
@@ -162,6 +163,15 @@ std::error_code saveAt(const fs::path& target, const std::string& bytes) {
 
 std::error_code readWholeFile(const fs::path& path, std::size_t limit, std::string& bytes) {
     bytes.clear();
+    if constexpr (inBrowser) {
+        if (std::optional<std::string> kept = page::keptFile(path)) {
+            if (kept->size() > limit) {
+                return std::make_error_code(std::errc::file_too_large);
+            }
+            bytes = std::move(*kept);
+            return {};
+        }
+    }
     std::error_code error;
     const fs::file_status status = fs::status(path, error);
     if (!fs::status_known(status) || !fs::exists(status)) {
@@ -198,6 +208,9 @@ std::error_code readWholeFile(const fs::path& path, std::size_t limit, std::stri
 }
 
 std::error_code saveWholeFile(const fs::path& path, const std::string& bytes) {
+    if constexpr (inBrowser) {
+        return page::keepFile(path, bytes);  // a page's files are gone with it
+    }
     std::error_code error;
     if (!fs::is_symlink(path, error)) {
         return saveAt(path, bytes);

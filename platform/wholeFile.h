@@ -21,6 +21,8 @@ std::error_code readWholeFile(const std::filesystem::path& path, std::size_t lim
 //
 // A kill leaves nothing behind where the system has files without a name (Linux on its own disks). Elsewhere it may leave
 // "<name>.<six letters>", which nobody removes: a person's "<name>.backup" has the same form.
+//
+// In a browser its storage keeps the bytes under the file's path, and readWholeFile hands them out from there.
 std::error_code saveWholeFile(const std::filesystem::path& path, const std::string& bytes);
 
 // Whether files can be made in a folder; false for one that is missing.

@@ -3,6 +3,7 @@
 
 #include "config/restart.h"
 #include "core/runControl.h"
+#include "platform/browser.h"
 #include "platform/look.h"
 #include "platform/paths.h"
 #include "platform/screen.h"
@@ -47,6 +48,7 @@ Program::~Program() = default;
 
 void Program::Main() {
     followScreens(*this);
+    followPage();
     addStartSteps();
     runNextStep();
 }
@@ -120,7 +122,8 @@ void Program::loadWindows() {
 
 void Program::showMain() {
     const QRect screen = usableScreen(QPoint());
-    const bool fits = screen.width() > mainSize.width() && screen.height() > mainSize.height();
+    // A page is the program's own desktop.
+    const bool fits = !inBrowser && screen.width() > mainSize.width() && screen.height() > mainSize.height();
     frmMDI_.resize(fits ? mainSize : screen.size());
     frmMDI_.move(screen.topLeft());
     if (fits) {
@@ -134,6 +137,23 @@ void Program::showMain() {
 void Program::positionWindows() {
     registers_.place();
     aids_.placeHint();
+}
+
+// A page that nobody sees stands still; what it missed is not made up for.
+void Program::followPage() {
+    if constexpr (inBrowser) {
+        page::follow([this](bool visible) { frmMDI_.timTick().hold(!visible); });
+        page::followPictures([this] {
+            bench_.reloadPictures();
+            for (QWidget* window : QApplication::allWidgets()) {
+                window->update();
+            }
+        });
+    }
+}
+
+void Program::openTour(std::size_t number) {
+    aids_.openTour(number);
 }
 
 void Program::openSound() {
@@ -237,7 +257,7 @@ bool Program::isOpen(Tool tool) const {
 // A window that is open already beeps and takes the keyboard.
 void Program::openFromStrip(Tool tool) {
     if (isOpen(tool)) {
-        QApplication::beep();
+        Sound::systemBeep();
     } else {
         memory_.hideChooser();
     }
@@ -255,7 +275,7 @@ void Program::lblNagigator_DblClick() {
     }
     memory_.hideChooser();
     if (aids_.naviListOpen()) {
-        QApplication::beep();
+        Sound::systemBeep();
     }
     aids_.openNaviList();
 }

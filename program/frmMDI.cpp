@@ -4,6 +4,7 @@
 #include "platform/HouseStyle.h"
 #include "platform/ImageList.h"
 #include "platform/labels.h"
+#include "platform/browser.h"
 #include "platform/look.h"
 #include "program/DeskArea.h"
 
@@ -103,6 +104,9 @@ private:
 frmMDI::frmMDI(Machine& machine) : machine_(machine) {
     setObjectName("frmMDI");
     setWindowTitle("VRB-TS");
+    if constexpr (inBrowser) {
+        setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
+    }
 
     area_ = new DeskArea(this);
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/ImageList.h"
+#include "platform/browser.h"
 #include "platform/look.h"
 #include "platform/paths.h"
 #include "platform/settingsFile.h"
@@ -7,23 +8,75 @@
 #include "program/Program.h"
 
 #include <QApplication>
+#include <QCommandLineParser>
 #include <QTimer>
 
-int main(int argc, char** argv) {
-    QApplication application(argc, argv);
+#include <memory>
+#include <optional>
+
+namespace {
+
+// Qt keeps a reference to the number of arguments, and the program lives on a page when main has long returned.
+struct Run {
+    Run(int argc, char** argv) : count(argc), application(count, argv) {}
+
+    int count;
+    QApplication application;
+    std::unique_ptr<Program> program;
+};
+
+// A teacher's link leads straight into a tour.
+std::optional<std::size_t> tourAskedFor(const QApplication& application) {
+    const QCommandLineOption tour("tour", "Begin with tour <number> of the list.", "number");
+    QCommandLineParser arguments;
+    arguments.setApplicationDescription("Training simulator of a small fieldbus.");
+    arguments.addHelpOption();
+    arguments.addOption(tour);
+    arguments.process(application);
+    return arguments.isSet(tour) ? std::optional<std::size_t>(arguments.value(tour).toUInt()) : std::nullopt;
+}
+
+void begin(Run& run) {
     QApplication::setApplicationName("VRB-TS");
     QApplication::setDesktopFileName("vrb-ts");  // by it a desktop finds name and icon
+    const std::optional<std::size_t> tour = tourAskedFor(run.application);
     QApplication::setWindowIcon(programIcon());
     QApplication::setQuitOnLastWindowClosed(false);  // only the exit question ends the program
     const std::filesystem::path folder = programFolder(pathOf(QApplication::applicationDirPath()));
     look::addFonts(textOfPath(folder / "fonts"));
     look::applyTo();
-    speakJapanese(application);
+    speakJapanese(run.application);
 
-    Program program(folder, userFolder());
+    run.program = std::make_unique<Program>(folder, userFolder());
+    Program& program = *run.program;
+    QObject::connect(&program, &Program::started, &program, [&program, tour] {
+        if (tour) {
+            program.openTour(*tour);
+        }
+        if constexpr (inBrowser) {
+            page::tellStarted();
+        }
+    });
     // The learner has been asked: nothing asks the windows again.
-    QObject::connect(
-        &program, &Program::finished, &application, [] { QApplication::exit(); }, Qt::QueuedConnection);
+    const auto end = [] {
+        if constexpr (inBrowser) {
+            page::tellEnded();
+        } else {
+            QApplication::exit();
+        }
+    };
+    QObject::connect(&program, &Program::finished, &run.application, end, Qt::QueuedConnection);
     QTimer::singleShot(0, &program, &Program::Main);
-    return QApplication::exec();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    auto run = std::make_unique<Run>(argc, argv);
+    begin(*run);
+    const int result = QApplication::exec();
+    if constexpr (inBrowser) {
+        static_cast<void>(run.release());  // the page's events go on
+    }
+    return result;
 }

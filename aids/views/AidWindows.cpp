@@ -228,6 +228,14 @@ void AidWindows::openNaviList() {
     frmNaviList_->openList();
 }
 
+void AidWindows::openTour(std::size_t number) {
+    if (number > 0 && number < naviIndex_.size() && naviIndex_[number].fileFound) {
+        startNavigation(number);
+    } else {
+        openNaviList();
+    }
+}
+
 void AidWindows::startNavigation(std::size_t number) {
     if (!naviIndex_[number].fileFound) {
         frmNaviList_->tellMissing();

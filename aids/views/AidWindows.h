@@ -71,6 +71,8 @@ public:
     // --- tours -------------------------------------------------------------------------------------------------------------
     void loadNaviIndex();
     void openNaviList();
+    // A tour by its number, from 1, as if it had been chosen from the list; the list itself for a number that it doesn't have.
+    void openTour(std::size_t number);
     bool naviListOpen() const { return frmNaviList_.visible(); }
     // The windows were refreshed: a look at what the tour's page promises.
     void watchTour();

@@ -17,6 +17,8 @@ class BenchImages {
 public:
     // Pictures are for `scale` device pixels per pixel of the bench; true when that needs other pictures than before.
     bool setScale(qreal scale);
+    // Other pictures have come for the same scale.
+    void forget() { loaded_.clear(); }
     const QPixmap& image(const char* images, int number);
 
 private:

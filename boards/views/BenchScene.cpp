@@ -131,9 +131,13 @@ int BenchScene::refresh(const Machine& machine) {
 }
 
 void BenchScene::rescale(qreal scale) {
-    if (!images_.setScale(scale) && !mat_->pixmap().isNull()) {
-        return;
+    if (images_.setScale(scale) || mat_->pixmap().isNull()) {
+        reloadPictures();
     }
+}
+
+void BenchScene::reloadPictures() {
+    images_.forget();
     mat_->setPixmap(images_.image("benchMat", 1));
     for (std::size_t card = 0; card < cardCount; ++card) {
         if (cards_[card].picBoard != nullptr) {

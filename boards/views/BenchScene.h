@@ -27,6 +27,7 @@ public:
     int refresh(const Machine& machine);
     // Takes pictures for this many device pixels per pixel of the bench.
     void rescale(qreal scale);
+    void reloadPictures();
     // "RXD1" and "RXD2" on the connectors of the center board, which come with the window's first activation.
     void drawPortLabels();
 

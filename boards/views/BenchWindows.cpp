@@ -96,6 +96,12 @@ void BenchWindows::refresh() {
     }
 }
 
+void BenchWindows::reloadPictures() {
+    if (frmHard* bench = frmHard_.get()) {
+        bench->reloadPictures();
+    }
+}
+
 void BenchWindows::enterSerialData(int index) {
     if (const Answer refusal = picSDI_DblClick(machine_, static_cast<std::size_t>(index)); saysAnything(refusal)) {
         emit said(refusal);

@@ -32,6 +32,8 @@ public:
     void unload();
     // The bench, from the machine.
     void refresh();
+    // Pictures have come that were not there before.
+    void reloadPictures();
 
     // Null until they are first asked for.
     frmHard* bench() const;

@@ -118,6 +118,10 @@ void frmHard::rescale() {
     fit();
 }
 
+void frmHard::reloadPictures() {
+    scene_->reloadPictures();
+}
+
 void frmHard::retire() {
     retired_ = true;
     timMotor_.setEnabled(false);

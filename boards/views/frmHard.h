@@ -29,6 +29,8 @@ public:
 
     // Brings every part into line with the machine; what didn't change isn't touched. Returns how many parts changed.
     int refresh();
+    // Pictures have come that were not there before.
+    void reloadPictures();
     // Width by what there is to show; the height stays, as far as the area has room.
     void setFormWidth();
 
