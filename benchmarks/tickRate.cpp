@@ -20,6 +20,7 @@ int main(int argc, char** argv) {
     Machine machine = scanningMachine();
     frmMDI main(machine);
     main.show();
+    main.timTick().setEnabled(true);  // as the program does when all is loaded
     qint64 firings = 0;
     QObject::connect(&main, &frmMDI::refreshWanted, &main, [&firings] { ++firings; });
     QElapsedTimer clock;
