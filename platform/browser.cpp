@@ -120,10 +120,17 @@ EM_JS(void, callPage, (const char* name), {
 });
 // clang-format on
 
-// The page calls this when it has put a file of pictures into the program's folder.
-extern "C" EMSCRIPTEN_KEEPALIVE void takePictures(const char* file) {
-    if (QResource::registerResource(QString::fromUtf8(file)) && picturesTeller()) {
+// The page calls these: when it has put a file of drawings into the program's folder, and when others have come to those that lie
+// there as they are.
+extern "C" EMSCRIPTEN_KEEPALIVE void picturesCame() {
+    if (picturesTeller()) {
         picturesTeller()();
+    }
+}
+
+extern "C" EMSCRIPTEN_KEEPALIVE void takePictures(const char* file) {
+    if (QResource::registerResource(QString::fromUtf8(file))) {
+        picturesCame();
     }
 }
 

@@ -145,6 +145,7 @@ void Program::followPage() {
         page::follow([this](bool visible) { frmMDI_.timTick().hold(!visible); });
         page::followPictures([this] {
             bench_.reloadPictures();
+            aids_.reloadPictures();
             for (QWidget* window : QApplication::allWidgets()) {
                 window->update();
             }

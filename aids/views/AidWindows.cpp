@@ -193,6 +193,15 @@ void AidWindows::changeKAIROZU(int index) {
     }
 }
 
+void AidWindows::reloadPictures() {
+    if (frmHint* book = frmHint_.get()) {
+        book->reload();
+    }
+    if (frmKAIROZU_.visible()) {
+        frmKAIROZU_->changeKAIROZU(frmKAIROZU_->index(), diagramPlace);
+    }
+}
+
 // --- tours -------------------------------------------------------------------------------------------------------------------
 
 void AidWindows::loadNaviIndex() {

@@ -68,6 +68,9 @@ public:
     void changeKAIROZU(int index);
     void hideKAIROZU() { frmKAIROZU_.hide(); }
 
+    // Better pictures for hint book and diagram have come.
+    void reloadPictures();
+
     // --- tours -------------------------------------------------------------------------------------------------------------
     void loadNaviIndex();
     void openNaviList();

@@ -22,6 +22,8 @@ public:
     frmHint(const std::filesystem::path& folder, QMdiArea& area);
 
     int page() const;
+    // The page's picture anew: another one lies in its place.
+    void reload() { showPage(page()); }
     int pageCount() const { return static_cast<int>(pages_.size()); }
     // Turns to a page, as a click on its tab does. A number without a page is ignored.
     void turnTo(std::size_t page);

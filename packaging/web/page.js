@@ -132,7 +132,7 @@ async function begin() {
     const bringPictures = (name) => {
         if (!fetched.has(name) && files[name]) {
             fetched.add(name);
-            fetchBytes(name).then((bytes) => takePictures(program, name, bytes), (reason) => console.warn(reason));
+            fetchBytes(name).then((bytes) => takePictures(program, name, bytes)).catch((reason) => console.warn(reason));
         }
     };
     const program = await createQtAppInstance({
@@ -149,7 +149,10 @@ async function begin() {
             // What is not needed for the first look.
             bringPictures(`charts${scale}.rcc`);
             if (devicePixelRatio > 1) {
-                fetchBytes("books2.tar").then((bytes) => unpackArchive(program.FS, bytes), (reason) => console.warn(reason));
+                fetchBytes("books2.tar").then((bytes) => {
+                    unpackArchive(program.FS, bytes);
+                    program.ccall("picturesCame");
+                }).catch((reason) => console.warn(reason));
             }
             performance.mark("vrb-started");
         },

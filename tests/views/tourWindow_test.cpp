@@ -96,6 +96,15 @@ TEST_F(TourWindow, starts_on_the_makers_bench_and_turns_its_pages) {
     startTour(0);
     tour().close();
     EXPECT_EQ(program->aids().navigation(), nullptr);
+
+    program->openTour(2);
+    EXPECT_EQ(shown(), "1/2 b一 b2") << "a link leads straight there";
+    press(frmNavigation::actionEnd);
+    for (const std::size_t none : {0U, 3U}) {
+        program->openTour(none);
+        EXPECT_TRUE(listUp() && !tourUp()) << none;
+        list().close();
+    }
 }
 
 TEST_F(TourWindow, the_sign_follows_what_the_page_promises) {
