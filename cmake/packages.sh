@@ -62,7 +62,7 @@ hint_packages() {
   # What the checks and the fuzz targets of ./test full need on top.
   full_packages=(clang-format clang-tidy clang libclang-rt-dev)
   # What the benchmarks need on top.
-  bench_packages=(libbenchmark-dev)
+  benchmark_packages=(libbenchmark-dev)
   # What counting the lines that run needs on top.
   coverage_packages=(gcovr)
   # What making and checking packages needs on top.

@@ -47,12 +47,8 @@ TEST(Navigation, the_index_names_a_tour_a_line) {
         readNaviIndex("; comment\tx\ty\r\nT1.txt\tFirst\tnote\tmore\r\ntwo\tfields\r\n\r\nT2.txt\t二番目\t\r\n;T3.txt\tThird\t\n",
                       [](const std::string& name) { return name == "T2.txt"; });
     ASSERT_EQ(index.size(), 3U);
-    EXPECT_EQ(index[0].fileName, "");
-    EXPECT_EQ(index[1].fileName, "T1.txt");
-    EXPECT_EQ(index[1].remark, "note\tmore");
-    EXPECT_FALSE(index[0].fileFound || index[1].fileFound);
-    EXPECT_EQ(index[2].title, "二番目");
-    EXPECT_TRUE(index[2].fileFound);
+    EXPECT_EQ(index[0].fileName + index[1].fileName + ":" + index[1].remark + ":" + index[2].title, "T1.txt:note\tmore:二番目");
+    EXPECT_TRUE(!index[0].fileFound && !index[1].fileFound && index[2].fileFound);
 
     std::string many;
     for (int tour = 0; tour < 300000; ++tour) {

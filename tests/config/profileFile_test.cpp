@@ -85,42 +85,27 @@ TEST(ProfileFile, is_read_at_once_however_long_its_lines_are) {
     }
     const std::string blanks(much, ' ');
     const auto before = std::chrono::steady_clock::now();
-    for (const auto& [line, number] : {std::pair{"KEY=" + blanks + "\"" + comments, 0},
-                                       {"KEY=" + blanks + "3" + comments, 3},
-                                       {"KEY=3" + blanks, 3},
-                                       {blanks + "KEY" + blanks + "=3", 3},
-                                       {std::string(much, '[') + "\nKEY=3", 0},
-                                       {std::string(much, '\n') + "KEY=3", 3},
-                                       {"KEY=" + std::string(254, '0') + "3", 3},
-                                       {"KEY=" + std::string(255, '0') + "3", 0}}) {
+    using Line = std::pair<std::string, int>;
+    for (const auto& [line, number] :
+         {Line{"KEY=" + blanks + "\"" + comments, 0}, Line{"KEY=" + blanks + "3" + comments, 3}, Line{"KEY=3" + blanks, 3},
+          Line{blanks + "KEY" + blanks + "=3", 3}, Line{std::string(much, '[') + "\nKEY=3", 0},
+          Line{std::string(much, '\n') + "KEY=3", 3}, Line{"KEY=" + std::string(254, '0') + "3", 3},
+          Line{"KEY=" + std::string(255, '0') + "3", 0}}) {
         EXPECT_EQ(ProfileFile("[INIT]\n" + line).readProfileValue("INIT", "KEY"), number) << line.substr(0, 40);
     }
     EXPECT_LT(std::chrono::steady_clock::now() - before, std::chrono::seconds(2));
 }
 
 TEST(ProfileFile, a_number_is_what_the_text_begins_with) {
-    for (const auto& [text, number] : {std::pair{"", 0},
-                                       {"abc", 0},
-                                       {"--1", 0},
-                                       {"-", 0},
-                                       {" \t5 ", 5},
-                                       {"+7", 7},
-                                       {"007", 7},
-                                       {"1e3", 1},
-                                       {"1,9", 1},
-                                       {"0.51", 1},
-                                       {"1.5", 2},
-                                       {"2.5", 2},
-                                       {"2.51", 3},
-                                       {"-1.5", -2},
-                                       {"-2.5", -2},
-                                       {".9", 1},
-                                       {"2.5.1", 2},
-                                       {"32767.4", 32767},
-                                       {"4294967297", 2147483647},
-                                       {"-99999999999999999999", -2147483647}}) {
+    using Number = std::pair<const char*, int>;
+    for (const auto& [text, number] :
+         {Number{"", 0}, Number{"abc", 0}, Number{"--1", 0}, Number{"-", 0}, Number{" \t5 ", 5}, Number{"+7", 7},
+          Number{"007", 7}, Number{"1e3", 1}, Number{"1,9", 1}, Number{"0.51", 1}, Number{"1.5", 2}, Number{"2.5", 2},
+          Number{"2.51", 3}, Number{"-1.5", -2}, Number{"-2.5", -2}, Number{".9", 1}, Number{"2.5.1", 2},
+          Number{"32767.4", 32767}, Number{"4294967297", 2147483647}}) {
         EXPECT_EQ(leadingNumber(text), number) << "\"" << text << "\"";
     }
+    EXPECT_EQ(leadingNumber("-99999999999999999999"), -2147483647);
 }
 
 }  // namespace

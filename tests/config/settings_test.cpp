@@ -77,20 +77,15 @@ DialogValues with(DialogValues values, std::initializer_list<std::pair<const cha
 }
 
 TEST(Settings, every_key_reaches_its_variable_and_control_and_no_other_and_reads_as_absent_outside_its_list) {
+    using Case = std::tuple<std::string, int, int>;
     for (std::size_t index = 0; index < rows.size(); ++index) {
         const Row& row = rows[index];
         const bool list = row.greatest != last;
         EXPECT_EQ(settings[index].control, row.control) << row.key;
-        for (const auto& [text, taken, shown] : std::initializer_list<std::tuple<std::string, int, int>>{
-                 {std::to_string(row.greatest), row.greatest, list ? row.greatest : 1},
-                 {"1", 1, 1},
-                 {"2 ", 2, list ? 2 : 1},
-                 {std::to_string(row.greatest + 1), 0, 0},
-                 {"-1", list ? 0 : -1, 0},
-                 {"-32769", 0, 0},
-                 {"65537", 0, 0},
-                 {"4294967297", 0, 0},
-                 {"abc", 0, 0}}) {
+        for (const auto& [text, taken, shown] :
+             {Case{std::to_string(row.greatest), row.greatest, list ? row.greatest : 1}, Case{"1", 1, 1},
+              Case{"2 ", 2, list ? 2 : 1}, Case{std::to_string(row.greatest + 1), 0, 0}, Case{"-1", list ? 0 : -1, 0},
+              Case{"-32769", 0, 0}, Case{"65537", 0, 0}, Case{"4294967297", 0, 0}, Case{"abc", 0, 0}}) {
             const std::string file = "[INIT]\n" + std::string(row.key) + "=" + text;
             Values expected{};
             expected[index] = taken;

@@ -108,14 +108,12 @@ const Table<int (*)(Machine&, std::size_t number, Value to)> numbers{
 };
 
 std::string lamps(const Machine& machine, std::size_t) {
+    using Lamp = std::pair<const char*, Led>;
     std::string lit;
-    for (const auto& [name, led] : {std::pair{"+scan", machine.picScanLed},
-                                    {"+chk1", machine.picChkLED[0]},
-                                    {"+chk2", machine.picChkLED[1]},
-                                    {"+no1", machine.picMON_LED73},
-                                    {"+no4", machine.picMON_LED52},
-                                    {"+se1", machine.picSE[0]},
-                                    {"+se2", machine.picSE[1]}}) {
+    for (const auto& [name, led] :
+         {Lamp{"+scan", machine.picScanLed}, Lamp{"+chk1", machine.picChkLED[0]}, Lamp{"+chk2", machine.picChkLED[1]},
+          Lamp{"+no1", machine.picMON_LED73}, Lamp{"+no4", machine.picMON_LED52}, Lamp{"+se1", machine.picSE[0]},
+          Lamp{"+se2", machine.picSE[1]}}) {
         lit += led.lit ? name : "";
     }
     return lit.empty() ? "dark" : lit.substr(1);
@@ -224,48 +222,23 @@ Answer play(Machine& machine, Argument first, Argument second) {
 
 using Gesture = Answer (*)(Machine&, Argument, Argument);
 
+// A number below 0: the dialog is cancelled.
+Answer endShiftWith(Machine& machine, Argument index, Argument word) {
+    endShift(machine, index, word.number < 0 ? "" : hexText(word, 4));
+    return {};
+}
+
+#define RULE(name) Table<Gesture>::value_type(#name, play<name>)
 const Table<Gesture> gestures{
-    {"beginShift", play<beginShift>},
-    {"cmbBPS73_LostFocus", play<cmbBPS73_LostFocus>},
-    {"cmbCPUType_LostFocus", play<cmbCPUType_LostFocus>},
-    {"cmbClock41_LostFocus", play<cmbClock41_LostFocus>},
-    {"cmbClock52_LostFocus", play<cmbClock52_LostFocus>},
-    {"cmbIOS_LostFocus", play<cmbIOS_LostFocus>},
-    {"cmbMode_LostFocus", play<cmbMode_LostFocus>},
-    {"cmbSA_LostFocus", play<cmbSA_LostFocus>},
-    {"memoryWriteRefusal", play<memoryWriteRefusal>},
-    {"picBOARD1_RXD_DblClick", play<picBOARD1_RXD_DblClick>},
-    {"picBOARD2_RXD_DblClick", play<picBOARD2_RXD_DblClick>},
-    {"picBPSS_DblClick", play<picBPSS_DblClick>},
-    {"picBridge_DblClick", play<picBridge_DblClick>},
-    {"picCLR_DblClick", play<picCLR_DblClick>},
-    {"picCLR_MouseUp", play<picCLR_MouseUp>},
-    {"picCableDn_Click", play<picCableDn_Click>},
-    {"picCableUp_Click", play<picCableUp_Click>},
-    {"picCounter_MouseDown", play<picCounter_MouseDown>},
-    {"picCounter_MouseUp", play<picCounter_MouseUp>},
-    {"picFConn_DblClick", play<picFConn_DblClick>},
-    {"picJumper_Answered", play<picJumper_Answered>},
-    {"picJumper_DblClick", play<picJumper_DblClick>},
-    {"picNoise_MouseDown", play<picNoise_MouseDown>},
-    {"picNoise_MouseUp", play<picNoise_MouseUp>},
-    {"picPI_Click", play<picPI_Click>},
-    {"picReset_DblClick", play<picReset_DblClick>},
-    {"picReset_MouseUp", play<picReset_MouseUp>},
-    {"picSDI_DblClick", play<picSDI_DblClick>},
-    {"picSSA_DblClick", play<picSSA_DblClick>},
-    {"picSSB_DblClick", play<picSSB_DblClick>},
-    {"registerWriteRefusal", play<registerWriteRefusal>},
-    {"resetRegisters", play<resetRegisters>},
-    {"setUpBench", play<setUpBench>},
-    {"timMotor_Timer", play<timMotor_Timer>},
-    // A number below 0: the dialog is cancelled.
-    {"endShift",
-     [](Machine& m, Argument index, Argument word) {
-         endShift(m, index, word.number < 0 ? "" : hexText(word, 4));
-         return Answer();
-     }},
-};
+    RULE(beginShift),           RULE(cmbBPS73_LostFocus), RULE(cmbCPUType_LostFocus),   RULE(cmbClock41_LostFocus),
+    RULE(cmbClock52_LostFocus), RULE(cmbIOS_LostFocus),   RULE(cmbMode_LostFocus),      RULE(cmbSA_LostFocus),
+    {"endShift", endShiftWith}, RULE(memoryWriteRefusal), RULE(picBOARD1_RXD_DblClick), RULE(picBOARD2_RXD_DblClick),
+    RULE(picBPSS_DblClick),     RULE(picBridge_DblClick), RULE(picCLR_DblClick),        RULE(picCLR_MouseUp),
+    RULE(picCableDn_Click),     RULE(picCableUp_Click),   RULE(picCounter_MouseDown),   RULE(picCounter_MouseUp),
+    RULE(picFConn_DblClick),    RULE(picJumper_Answered), RULE(picJumper_DblClick),     RULE(picNoise_MouseDown),
+    RULE(picNoise_MouseUp),     RULE(picPI_Click),        RULE(picReset_DblClick),      RULE(picReset_MouseUp),
+    RULE(picSDI_DblClick),      RULE(picSSA_DblClick),    RULE(picSSB_DblClick),        RULE(registerWriteRefusal),
+    RULE(resetRegisters),       RULE(setUpBench),         RULE(timMotor_Timer)};
 
 // Title and text, without blanks and line ends.
 std::string toldBy(const Answer& answer) {

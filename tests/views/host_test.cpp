@@ -240,6 +240,10 @@ TEST_F(Host, paints_what_its_cells_say) {
 
     const QImage grid = dump().grid().grab().toImage();
     const auto dark = [](const QColor& colour) { return colour.lightness() < 150; };
+    for (const auto side : {DumpGrid::Side::data, DumpGrid::Side::ascii}) {
+        EXPECT_TRUE(holds(grid.copy(dump().grid().cellRect(15, side).translated(0, -14)), dark))
+            << "a digit heads the last column";
+    }
     for (int at = 0; at < 3 * 128; ++at) {
         EXPECT_TRUE(holds(grid.copy(dump().grid().cellRect(at, DumpGrid::Side::data)), dark)) << at;
         if (at % 128 == 0) {
@@ -263,6 +267,7 @@ TEST_F(Host, a_firing_that_changes_nothing_repaints_nothing_and_a_change_its_own
         }
     };
     program->memory().openArea(Area::controlDoDi);
+    key(Qt::Key_Right);  // for the ring
     fire(40);
     QApplication::processEvents();
     DumpGrid& grid = dump().grid();

@@ -8,6 +8,18 @@
 #include <cstdio>
 #include <cstdlib>
 
+namespace {
+
+QtMessageHandler said = nullptr;
+
+// A complaint of a class of Qt is a slip of ours: a painter that has no device, a timer of another thread.
+void hear(QtMsgType type, const QMessageLogContext& where, const QString& complaint) {
+    said(type, where, complaint);
+    EXPECT_FALSE(complaint.contains("::")) << complaint.toStdString();
+}
+
+}  // namespace
+
 int main(int argc, char** argv) {
     // The screen that the program is made for.
     qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" VRB_ASSETS "/../tests/views/screen.json");
@@ -17,6 +29,7 @@ int main(int argc, char** argv) {
     look::addFonts(VRB_BIN "/fonts");  // where the build puts them: the tests measure texts
     look::applyTo();
     speakJapanese(application);
+    said = qInstallMessageHandler(hear);
     const int result = RUN_ALL_TESTS();
 #ifdef _WIN32
     // At the exit the compiler's threads have waited for ever for a lock of their own. All is said by now.

@@ -68,6 +68,8 @@ TEST_F(Places, outside_the_screen_are_left_when_a_screen_has_gone) {
     for (QWidget* window : QWidgetList{&main(), &registers()}) {
         window->move(5000, 4000);  // on a second screen, say
     }
+    program->settings().open();
+    EXPECT_TRUE(screen.availableGeometry().contains(window("settings").frameGeometry())) << "at its first showing";
     emit screen.availableGeometryChanged(screen.availableGeometry());
     QApplication::processEvents();
     EXPECT_TRUE(screen.availableGeometry().contains(registers().frameGeometry()));

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
-// Every widget, part and label that the learner can meet, as one text: class, name, place, words, tool tip, pointer, font. It is
-// compared with windows.approved.txt, which a person has read. After a change that is meant:
+// Every widget, part and label that the learner can meet, as one text: class, name, place, words, tool tip, pointer, font, ink;
+// and every kind of button in every state. It is compared with windows.approved.txt, which a person has read. After a change that
+// is meant:
 //
 //   VRB_APPROVE=1 build/release/tests/window_tests --gtest_filter='Windows.*'
 //
@@ -11,12 +12,16 @@
 #include "boards/portPins.h"
 #include "boards/views/BenchLabel.h"
 #include "boards/views/frmOsiro.h"
+#include "platform/HouseStyle.h"
 #include "platform/ImageList.h"
 #include "tests/views/desk.h"
 
 #include <QComboBox>
 #include <QGraphicsSimpleTextItem>
+#include <QLayout>
 #include <QMdiSubWindow>
+#include <QPainter>
+#include <QStyleOption>
 
 #include <map>
 
@@ -38,10 +43,15 @@ QString pointerText(const QCursor& cursor) {
 
 // The place, as far as no font has a say in it.
 QString placeOf(const QWidget& widget) {
-    const bool laidOut = widget.layout() != nullptr && !widget.inherits("QMdiSubWindow");
-    const bool windowOfTextSize =
-        laidOut || widget.inherits("frmMessage") || widget.inherits("frmDialog") || widget.inherits("QMessageBox");
+    const bool windowOfTextSize = widget.inherits("frmMessage") || widget.inherits("frmDialog") || widget.inherits("QMessageBox");
     const QWidget* parent = widget.isWindow() ? nullptr : widget.parentWidget();
+    if (parent != nullptr && parent->inherits("frmDialog") && widget.inherits("QPushButton")) {
+        return QStringLiteral(" middle %1, foot %2").arg(widget.x() - parent->width() / 2).arg(widget.y() - parent->height());
+    }
+    if (const QLayout* layout = widget.layout(); layout != nullptr && !widget.inherits("QMdiSubWindow")) {
+        const QMargins in = layout->contentsMargins();
+        return QStringLiteral(" margins %1 %2 %3 %4").arg(in.left()).arg(in.top()).arg(in.right()).arg(in.bottom());
+    }
     if (windowOfTextSize || (parent != nullptr && (parent->layout() != nullptr || parent->inherits("frmDialog")))) {
         return {};
     }
@@ -101,6 +111,12 @@ QString stateOf(const QWidget& widget) {
     } else if (widget.focusPolicy() != Qt::NoFocus) {
         add(true, widget.focusPolicy() == Qt::StrongFocus ? "keys" : widget.focusPolicy() == Qt::TabFocus ? "Tab" : "wheel");
     }
+    const bool framed = widget.isWindow() || widget.inherits("QMdiSubWindow");
+    add(framed && (widget.windowFlags() & Qt::WindowMinimizeButtonHint) != 0, "minimizes");
+    add(framed && (widget.windowFlags() & Qt::WindowCloseButtonHint) != 0, "closes");
+    if (const QPalette& own = widget.palette(); own != QApplication::palette()) {
+        text += " ink " + own.color(QPalette::WindowText).name() + " on " + own.color(QPalette::Window).name();
+    }
     return text + (widget.testAttribute(Qt::WA_SetCursor) ? pointerText(widget.cursor()) : QString());
 }
 
@@ -109,6 +125,7 @@ protected:
     void openEverything();
     void describe(const QWidget& widget, int depth = 0);
     void describeBench();
+    void describeButtons();
     std::map<QString, QString> partsNow();
     void line(int depth, const QString& words) {
         text += QString(2 * depth, ' ') + QString(words).replace('\n', " / ").trimmed() + '\n';
@@ -274,6 +291,40 @@ void Windows::describeBench() {
     changes("with every part touched once");
 }
 
+// Each kind of button in each state: its outer and its inner line, its face, and whether its caption takes the ink of bold
+// letters.
+void Windows::describeButtons() {
+    using Look = std::pair<const char*, QStyle::State>;
+    int plainInk = 0;
+    const QStringList kinds{"dialog", "view", "tool", "tinted tool", "run mode"};
+    for (int kind = 0; kind < kinds.size(); ++kind) {
+        QPushButton button;
+        setButtonUse(button, static_cast<ButtonUse>(kind));
+        for (const auto& [name, state] :
+             {Look{"plain", QStyle::State_None}, Look{"default", QStyle::State_Active}, Look{"hovered", QStyle::State_MouseOver},
+              Look{"pressed", QStyle::State_Sunken}, Look{"checked", QStyle::State_On}, Look{"focused", QStyle::State_HasFocus},
+              Look{"checked and focused", QStyle::State_On | QStyle::State_HasFocus}}) {
+            QStyleOptionButton option;
+            option.rect = {0, 0, 80, 30};
+            option.text = "HHH";
+            option.state = QStyle::State_Enabled | state;
+            option.features = state == QStyle::State_Active ? QStyleOptionButton::DefaultButton : QStyleOptionButton::None;
+            QImage picture(option.rect.size(), QImage::Format_RGB32);
+            QPainter painter(&picture);
+            button.style()->drawControl(QStyle::CE_PushButton, &option, &painter, &button);
+            const QColor face = picture.pixelColor(40, 3);
+            int ink = 0;
+            for (int at = 0; at < 60 * 20; ++at) {
+                ink += face.lightness() - picture.pixelColor(10 + at % 60, 5 + at / 60).lightness();
+            }
+            plainInk = plainInk != 0 ? plainInk : ink;
+            line(0, QStringLiteral("button %1, %2: %3 %4 %5%6")
+                        .arg(kinds[kind], name, picture.pixelColor(40, 0).name(), picture.pixelColor(40, 1).name(), face.name(),
+                             ink > plainInk * 5 / 4 ? " bold" : ""));
+        }
+    }
+}
+
 TEST_F(Windows, are_as_they_were_approved) {
     openEverything();
     QWidgetList windows = QApplication::topLevelWidgets();
@@ -284,6 +335,7 @@ TEST_F(Windows, are_as_they_were_approved) {
             describe(*window);
         }
     }
+    describeButtons();
     if (qEnvironmentVariableIsSet("VRB_APPROVE")) {
         put(VRB_APPROVED, text.toStdString());
     }

@@ -2,7 +2,7 @@
 // The report of how the program behaves beside an empty window of the same size, both measured in the same run and in turn, each
 // in a process of its own.
 //
-//     report [SECONDS]     the time for which processor time is taken, 60 by default
+//     benchmark_report [SECONDS]     the time for which processor time is taken, 60 by default
 //
 // Prints medians with the least and the greatest value. Times of a start count from the start of the process. Exit code 1
 // when a measurement fails.
