@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 // The life of a window: made at its first use, shown and hidden, and forgotten when it is over. One mechanism for all windows of
 // the program, safe at any moment: a window that nobody has asked for costs nothing, and one that is forgotten twice in the same
-// batch of events, or by a gesture of its own, is gone once.
+// batch of events, or by a gesture of its own, is gone once. One that goes while it is at work gives the keyboard back to the
+// window that had it before: desktops would give it to the owner.
 
 #pragma once
 
@@ -33,7 +34,10 @@ protected:
 private:
     QObject& set_;
     TellShown tellShown_;
+    void giveWorkBack();
+
     QPointer<QWidget> window_;
+    QPointer<QWidget> before_;  // the window at work when this one came up
 };
 
 template <class Window>
