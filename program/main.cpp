@@ -45,7 +45,8 @@ void begin(Run& run) {
     look::applyTo();
     speakJapanese(run.application);
 
-    run.program = std::make_unique<Program>(folder, userFolder());
+    // What the browser keeps of a page stands for the file beside the program.
+    run.program = std::make_unique<Program>(folder, inBrowser ? folder : userFolder());
     Program& program = *run.program;
     QObject::connect(&program, &Program::started, &program, [&program, tour] {
         if (tour) {

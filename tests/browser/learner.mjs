@@ -41,7 +41,8 @@ export class Learner {
 
     wait(milliseconds) { return this.page.waitForTimeout(milliseconds); }
     async click(x, y) { await this.page.mouse.click(x, y); await this.wait(300); }
-    async doubleClick(x, y) { await this.page.mouse.dblclick(x, y); await this.wait(600); }
+    // As fast as a hand is.
+    async doubleClick(x, y) { await this.page.mouse.dblclick(x, y, { delay: 50 }); await this.wait(600); }
     async key(...names) {
         for (const name of names) {
             await this.page.keyboard.press(name);
