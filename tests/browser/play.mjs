@@ -84,10 +84,16 @@ async function firstLook() {
 
 async function runModes() {
     scene("keys that are the browser's own elsewhere, and a page that nobody sees");
+    // SSR has four values: a single look may see the same one again.
     const moving = async () => {
         const before = await learner.look("web-5-mode");
-        await learner.wait(700);
-        return await differ(before, await learner.look("web-5-mode"), ssrRow) > 0;
+        for (let look = 0; look < 8; ++look) {
+            await learner.wait(110);
+            if (await differ(before, await learner.look("web-5-mode"), ssrRow) > 0) {
+                return true;
+            }
+        }
+        return false;
     };
     expect(await moving(), "SSR moves in RUN");
     await learner.key("Shift+F5");
