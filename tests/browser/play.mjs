@@ -24,6 +24,7 @@ const closeSettings = [1129, 713];
 const signPart = [1262, 915, 17, 26];
 const tourText = [530, 870, 725, 80];
 const brandGreen = [0x1f, 0x73, 0x48];
+const emptyDesk = [300, 900];
 const panelGone = 6000;  // the start panel goes by itself
 
 let plays = 0;
@@ -68,6 +69,7 @@ async function firstLook() {
     expect(pointer.startsWith("url("), `The pointer of a double click is a picture, not ${pointer}`);
 
     await learner.doubleClick(...scrValue);
+    await learner.click(...emptyDesk);  // which the dialog blocks, and keeps the keyboard
     await learner.type("0002");
     await learner.key("Enter");
     await learner.wait(1500);
@@ -186,6 +188,7 @@ async function settings() {
     const without = await learner.look("web-14-reloaded");
     expect(await differ(withHints, without, hintPart) > 500, "The hint book no longer opens at the start");
     await learner.click(...closeBox);
+    await learner.click(...emptyDesk);
     await learner.look("web-15-question");
     await learner.key("Enter");
     await learner.page.waitForSelector("#again:visible");
