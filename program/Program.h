@@ -41,7 +41,8 @@ public:
     void refreshAll();
     // The machine starts anew from the settings in its variables, which applyDialog or Mdef_Set have just put there.
     void restartMachine();
-    // Begins a tour by its number in the list, from 1, once the program has started; a number that the list doesn't have opens it.
+    // Begins a tour by its number in the list, from 1, once the program has started; a number that the list doesn't have opens
+    // it.
     void openTour(std::size_t number);
 
     Machine& machine() { return machine_; }
