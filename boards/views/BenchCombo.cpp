@@ -67,10 +67,11 @@ void BenchCombo::end(bool commit) {
     emit opened(false);
 }
 
-// A list takes over the font of its box when it is made, at the first opening. Qt would make it to hand the font on.
+// A list takes over the font of its box when it is made, at the first opening. Qt's box would make it
+// to hand the font on: so that step is passed by.
 void BenchCombo::changeEvent(QEvent* event) {
     if (event->type() == QEvent::FontChange && isHidden()) {
-        QWidget::changeEvent(event);
+        QWidget::changeEvent(event);  // NOLINT(bugprone-parent-virtual-call)
     } else {
         QComboBox::changeEvent(event);
     }
