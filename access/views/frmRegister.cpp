@@ -161,7 +161,7 @@ frmRegister::frmRegister(Machine& machine, QWidget* owner)
 
 void frmRegister::makeRow(int row) {
     const QString name = textOf(registerTable[static_cast<std::size_t>(row - 1)].name);
-    QFont bold = look::interfaceFont(12);
+    QFont bold = look::interfaceFont(11);
     bold.setBold(true);
     makeLabel(this, QStringLiteral("lblReg%1").arg(row), name, bold, {nameLeft, topOfRow(row), 54, rowHeight});
 

@@ -11,6 +11,8 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int seconds = 3;
@@ -44,23 +46,20 @@ constexpr std::array<TextRow, 14> textRows{{
     {"Label2_7", "シミュレーションの実行マシンによって速度が異なります。", 320, Style::warning, 110},
     {"Label2_8", "実際のシステムは本シミュレータよりも格段に高速です。", 340, Style::warning, 110},
     {"Label2_9", "本シミュレータは、学習と疑似体験用に開発されたのもで、", 360, Style::warning, 110},
-    {"Label3", "はじめての方、使い方を知りたい方は、", 394, Style::hint, 44},
-    {"Label4", "右上の \"Navigator\" をダブルクリック ! ! ", 394, Style::hint, 278},
+    {"Label3", "はじめての方、使い方を知りたい方は、", 394, Style::hint, 36},
+    {"Label4", "右上の \"Navigator\" をダブルクリック ! ! ", 394, Style::hint, 262},
 }};
 
 QFont fontOf(Style style) {
-    QFont font = style == Style::product ? look::interfaceFont(34) : look::textFont(14);
+    QFont font = look::textFont(14);
     switch (style) {
-        case Style::product:
-        case Style::alarm: font.setBold(true); break;
-        case Style::version: font = look::interfaceFont(12); break;
-        case Style::subtitle: font = look::textFont(18); break;
-        case Style::hint: font = look::textFont(13); break;
-        default: break;
+        case Style::product: font = look::interfaceFont(34); break;
+        case Style::version: return look::interfaceFont(12);
+        case Style::subtitle:
+        case Style::alarm: font = look::textFont(18); break;
+        default: return font;
     }
-    if (style == Style::alarm) {
-        font.setPixelSize(18);
-    }
+    font.setBold(true);
     return font;
 }
 
@@ -115,7 +114,7 @@ void frmVersion::makeProgress() {
     for (std::size_t index = 0; index < groundAndInk.size(); ++index) {
         lblProcess_[index] = new QLabel(picProgress_);
         lblProcess_[index]->setObjectName(QStringLiteral("lblProcess%1").arg(index));
-        lblProcess_[index]->setFont(look::columnFont(progressFont));
+        lblProcess_[index]->setFont(look::textFont(progressFont));
         look::setGround(*lblProcess_[index], groundAndInk[index].first);
         look::setInk(*lblProcess_[index], groundAndInk[index].second);
         lblProcess_[index]->setGeometry(0, 0, progressWidth, lineHeight);
@@ -131,9 +130,13 @@ void frmVersion::showProcess() {
 }
 
 void frmVersion::showProgress(const QString& text) {
-    const std::u16string line = progressLine(text.toStdU16String());
+    const QString line = QString::fromStdU16String(progressLine(text.toStdU16String()));
+    // The blanks bring a text of full places to the middle, the indent what a proportional one lacks.
+    const QFontMetrics metrics = lblProcess_[0]->fontMetrics();
+    const int missing = progressWidth - 2 * metrics.horizontalAdvance(line) + metrics.horizontalAdvance(text);
     for (QLabel* label : lblProcess_) {
-        label->setText(QString::fromStdU16String(line));
+        label->setText(line);
+        label->setIndent(std::max(0, missing / 2));
     }
     progressStep_ = nextProgressStep(progressStep_);
     lblProcess_[1]->resize(progressBarWidth(lblProcess_[0]->width(), progressStep_), lineHeight);

@@ -8,6 +8,7 @@
 #include <QGraphicsPixmapItem>
 #include <QGraphicsSimpleTextItem>
 #include <QPainter>
+#include <QStyleOptionGraphicsItem>
 
 #include <algorithm>
 
@@ -17,32 +18,83 @@ constexpr qreal matHeight = -5;
 constexpr qreal shadowHeight = -4;
 constexpr qreal shadowOffset = 5;
 
-// A soft shadow, dense where the card lies and fading over its outer pixels.
+// Lets `paint` paint the exposed part of a place in bands of few lines: a fill of 96 lines and more Qt deals out to threads, and
+// waking them takes longer than the fill. Bands and neighbouring places meet on whole pixels at any zoom, so that none is painted
+// twice.
+template <typename Paint>
+void paintInBands(QPainter& painter, const QRectF& place, const QRectF& exposed, Paint paint) {
+    constexpr int lines = 80;
+    const QTransform toPixels = painter.deviceTransform();
+    const QTransform fromPixels = toPixels.inverted();
+    const QRectF edges = toPixels.mapRect(place);
+    const QRect pixels(QPoint(qRound(edges.left()), qRound(edges.top())),
+                       QPoint(qRound(edges.right()) - 1, qRound(edges.bottom()) - 1));
+    const QRect seen = toPixels.mapRect(exposed).toAlignedRect();
+    painter.save();
+    for (int top = pixels.top(); top <= pixels.bottom(); top += lines) {
+        const QRect band = pixels & QRect(pixels.left(), top, pixels.width(), lines);
+        if (band.intersects(seen)) {
+            painter.setClipRect(fromPixels.mapRect(QRectF(band)));
+            paint();
+        }
+    }
+    painter.restore();
+}
+
+// A soft shadow, fading over its outer pixels. Of what lies under the card nothing is painted.
 class Shadow : public QGraphicsItem {
 public:
     explicit Shadow(const QRectF& card) : rect_(QPointF(), card.size()) {
         setPos(card.topLeft() + QPointF(shadowOffset, shadowOffset));
         setZValue(shadowHeight);
+        setFlag(ItemUsesExtendedStyleOption);
     }
     QRectF boundingRect() const override { return rect_.adjusted(-1, -1, 1, 1); }
-    void paint(QPainter* painter, const QStyleOptionGraphicsItem* /*option*/, QWidget* /*widget*/) override {
-        constexpr int layers = 4;
-        constexpr qreal corner = 5;
+    void paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget* /*widget*/) override {
         painter->setRenderHint(QPainter::Antialiasing);
         painter->setPen(Qt::NoPen);
         painter->setBrush(QColor(0x14, 0x20, 0x26, 34));
-        for (int layer = 0; layer < layers; ++layer) {
-            painter->drawRoundedRect(rect_.adjusted(layer, layer, -layer, -layer), corner, corner);
+        QRectF foot = boundingRect();
+        QRectF right = foot;
+        foot.setTop(rect_.bottom() - edge);
+        right.setLeft(rect_.right() - edge);
+        foot.setRight(right.left());
+        for (const QRectF& part : {right, foot}) {
+            paintInBands(*painter, part, option->exposedRect, [this, painter] { paintLayers(*painter); });
         }
     }
 
 private:
+    static constexpr qreal edge = 16;  // what the card leaves free, its round corners included
+
+    void paintLayers(QPainter& painter) const {
+        constexpr int layers = 4;
+        constexpr qreal corner = 5;
+        for (int layer = 0; layer < layers; ++layer) {
+            painter.drawRoundedRect(rect_.adjusted(layer, layer, -layer, -layer), corner, corner);
+        }
+    }
+
     QRectF rect_;
+};
+
+// The drawing of a card, or of the mat.
+class Drawing : public QGraphicsPixmapItem {
+public:
+    Drawing() {
+        setTransformationMode(Qt::SmoothTransformation);
+        setFlag(ItemUsesExtendedStyleOption);
+    }
+    void paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget* widget) override {
+        const QRectF place = boundingRect().adjusted(-1, -1, 1, 1);  // with the half pixels at its edges
+        paintInBands(*painter, place, option->exposedRect, [&] { QGraphicsPixmapItem::paint(painter, option, widget); });
+    }
 };
 
 }  // namespace
 
-BenchScene::BenchScene(BenchPart::Reactions (*reactionsOf)(const PartRow& row)) : mat_(addPixmap({})) {
+BenchScene::BenchScene(BenchPart::Reactions (*reactionsOf)(const PartRow& row)) : mat_(new Drawing) {
+    addItem(mat_);
     mat_->setZValue(matHeight);
     makeCards();
     makeParts(reactionsOf);
@@ -60,9 +112,9 @@ void BenchScene::makeCards() {
         }
         cards_[card].picShadow = new Shadow(row.place);
         addItem(cards_[card].picShadow);
-        cards_[card].picBoard = addPixmap({});
+        cards_[card].picBoard = new Drawing;
         cards_[card].picBoard->setPos(row.place.topLeft());
-        cards_[card].picBoard->setTransformationMode(Qt::SmoothTransformation);
+        addItem(cards_[card].picBoard);
     }
     // The frame of the power LEDs explains itself as they do, print included.
     constexpr QRectF powerFrame{34, 20, 150, 42};
@@ -85,8 +137,8 @@ void BenchScene::makeParts(BenchPart::Reactions (*reactionsOf)(const PartRow& ro
 
 void BenchScene::makePortLabels() {
     for (const std::size_t index : {0U, 1U}) {
-        constexpr QPointF place{4, 7};
-        constexpr int pixelSize = 12;
+        constexpr QPointF place{5, 7};
+        constexpr int pixelSize = 11;
         auto* text = new QGraphicsSimpleTextItem(QStringLiteral("RXD%1").arg(index + 1), part("picBOARD1_RXD", index));
         text->setFont(look::printFont(pixelSize));
         text->setBrush(Qt::white);

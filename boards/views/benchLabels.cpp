@@ -67,7 +67,7 @@ private:
             {{card::board1, 2, {46, 12}}, {card::board2, 0, {46, 12}}, {card::board3, 1, {18, 12}}, {card::board4, 4, {46, 12}}});
         putAt({.name = "lblBoardName",
                .align = Align::centre,
-               .pixelSize = 10,
+               .pixelSize = 11,
                .text = chipCaption,
                .colour = darkPrint,
                .boxed = true},
@@ -89,7 +89,7 @@ private:
                                                                       {card::board2, 1, {45, 108}},
                                                                       {card::board4, 3, {45, 108}}});
         putAt({.name = "lblRt",
-               .pixelSize = 8,
+               .pixelSize = 9,
                .text = [](const Machine&, std::size_t) -> std::string_view { return "Rt"; },
                .visible = [](const Machine& m, std::size_t index) { return m.picTermR[index].visible; }},
               {{card::center, 0, {41, 48}},
@@ -120,7 +120,7 @@ private:
                .visible = timingShown},
               {inPort(0, {40, 67})});
         putAt({.name = "lblPWMTitle",
-               .pixelSize = 8,
+               .pixelSize = 9,
                .text = [](const Machine&, std::size_t i) -> std::string_view {
                    constexpr std::array<std::string_view, 4> titles{"CWON", "CCWON", "CW-Pulse", "CCW-Pulse"};
                    return titles[i];

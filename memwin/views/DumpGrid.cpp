@@ -178,7 +178,7 @@ void DumpGrid::paintFrames(QPainter& painter) {
 }
 
 void DumpGrid::paintHeading(QPainter& painter) {
-    painter.setFont(look::hexFont(10));
+    painter.setFont(look::hexFont(11));
     painter.setPen(QColor::fromRgb(look::secondInk));
     const int labelTop = headingHeight - 12;
     painter.drawText(QRect(hexLeft + 4, labelTop, 30, 12), Qt::AlignLeft | Qt::AlignVCenter, "adr.");
@@ -194,7 +194,7 @@ void DumpGrid::paintHeading(QPainter& painter) {
     }
     const int ascii = twips(layoutOf(piMode_).asciiLeft);
     painter.drawText(QRect(ascii, labelTop, asciiMargin + 1, 12), Qt::AlignCenter, "-");
-    painter.setFont(look::interfaceFont(8));
+    painter.setFont(look::printFont(9));
     painter.drawText(QRect(ascii, 0, asciiWidth, 10), Qt::AlignCenter, "Ascii Dump");
 }
 
@@ -210,7 +210,7 @@ void DumpGrid::paintWedges(QPainter& painter) const {
 }
 
 void DumpGrid::paintStrips(QPainter& painter) {
-    QFont font = look::interfaceFont(10);
+    QFont font = look::interfaceFont(11);
     font.setBold(true);
     painter.setFont(font);
     painter.setRenderHint(QPainter::Antialiasing);

@@ -41,7 +41,7 @@ frmDump::frmDump(Machine& machine, Area area)
         cmbBit_[number] = new QPushButton(captions[number], this);
         cmbBit_[number]->setObjectName(QStringLiteral("cmbBit%1").arg(number));
         setButtonUse(*cmbBit_[number], ButtonUse::view);
-        cmbBit_[number]->setFont(look::interfaceFont(10));
+        cmbBit_[number]->setFont(look::interfaceFont(11));
         cmbBit_[number]->setCheckable(true);
         cmbBit_[number]->setAutoExclusive(true);
         cmbBit_[number]->setGeometry(8 + 40 * static_cast<int>(number), buttonTop, 38, buttonHeight);
