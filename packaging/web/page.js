@@ -28,6 +28,12 @@ function fail(reason) {
     show(`プログラムを読み込めませんでした。\nThe program could not be loaded.\n\n${reason}`, true);
 }
 
+function stop(reason) {
+    console.error(reason);
+    document.getElementById("bench").remove();
+    show(`プログラムが異常終了しました。\nThe program has stopped unexpectedly.\n\n${reason}`, true);
+}
+
 again.addEventListener("click", () => location.reload());
 
 function whatIsMissing() {
@@ -135,6 +141,7 @@ async function begin() {
             fetchBytes(name).then((bytes) => takePictures(program, name, bytes)).catch((reason) => console.warn(reason));
         }
     };
+    let running = false;
     const program = await createQtAppInstance({
         qtContainerElements: [document.getElementById("bench")],
         instantiateWasm(imports, done) {
@@ -142,7 +149,7 @@ async function begin() {
             return {};
         },
         printErr: (line) => console.warn(line),
-        onAbort: fail,
+        onAbort: (reason) => (running ? stop : fail)(reason),
         vrbStarted() {
             panel.hidden = true;
             document.querySelector("#bench canvas").focus();
@@ -167,6 +174,7 @@ async function begin() {
     unpackArchive(program.FS, archive);
     takePictures(program, `pictures${scale}.rcc`, pictures);
     panel.hidden = true;
+    running = true;
     program.callMain(programArguments());
 }
 
